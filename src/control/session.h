@@ -1,0 +1,127 @@
+// Session state: the variables that live for the whole process and mean the
+// same to every part of the program. Each module that owns further state
+// declares it in its own header.
+#pragma once
+
+#include <array>
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <vector>
+
+namespace platform {
+class Screen;
+class Database;
+class Workspace;
+}  // namespace platform
+
+// Paths and files.
+extern std::string gAppPath;        // directory of the program
+extern std::string gDataPath;       // directory of the data files
+extern std::string gExeFile;
+extern std::string gErrTraceFile;   // gDataPath + "/errtrace.txt"
+extern std::string gCrLf;
+extern std::string gSeparator;      // " - "
+extern std::string gStoreAPath;     // library store mrA.nvy
+extern std::string gStoreBPath;     // user store mrB.nvy
+extern std::string gTempPath;       // temporary directory, with a trailing separator
+extern std::string gWavA, gWavB, gWavC;
+extern std::array<std::string, 4> gWavFiles;
+extern std::string gDroneWavFile;
+extern std::array<std::string, 5> gInstrLibFiles;
+extern std::string gHelpFile;
+extern std::string gCurrBuildFile;  // wave file being built
+extern std::string gCurrMusicFile;  // wave file now playing
+
+// Stores.
+extern platform::Workspace* gWorkspace;
+extern std::unique_ptr<platform::Database> gDbA;  // library store, read-only
+extern std::unique_ptr<platform::Database> gDbB;  // user store, writable
+extern std::int16_t gCurrDbSelector;              // 1 gDbA, 2 gDbB
+
+// The raga, tonic and item at hand.
+extern std::int16_t gCurrRagaId;
+extern std::string gCurrRagaName;
+extern std::int16_t gSelRagaId;
+extern std::string gSelRagaName;
+extern std::int16_t gCurrTonicNoteId;   // 1 to 12
+extern std::int16_t gCurrMusicSetId;    // above 12: user-defined
+extern std::string gCurrMusicSetName;
+extern std::int16_t gCurrItemType;      // 1 aroha .. 7 similar raga, 0 none
+extern std::int16_t gCurrPhraseKind;    // 1 aroha .. 9 film song
+extern std::int32_t gCurrCompIndex;
+extern std::string gCurrCompName;
+extern std::int16_t gCurrMode;          // 1 Demo, 2 Learning, 3 Practice
+
+// Display choices.
+extern std::int16_t gKeyboardDisplay;   // 1 show, 2 hide
+extern std::int16_t gNotationScript;    // 1 Devanagari, 2 English
+extern std::int16_t gNotationDisplay;   // 0 hide, 1 show
+extern std::int16_t gNotePallet;        // 1 raga notes, 2 all notes
+extern std::int16_t gGraceNotes;        // 1 none, 2 use them
+extern std::int16_t gThekaMode;         // 1 theka, 2 none
+extern std::int16_t gSortingMode;       // raga grid sort 0..5
+extern std::int16_t gDevnagariOk;       // -1 font usable, 0 not
+
+// Tips.
+extern std::int16_t gTipCount;
+extern std::int16_t gLastTip;
+extern std::int16_t gTipSignal;
+
+// Per-screen playing delays (ms lead per note).
+extern std::int16_t gDelayC, gDelayMO, gDelayPC, gDelayW;
+
+// Sound defaults.
+extern double gCurrDroneFactor;
+extern std::int32_t gCurrDroneType;
+extern std::int16_t gWavOption;
+extern std::int16_t gDroneMode;
+extern std::string gDroneSetName;
+extern std::string gSynthNames;
+extern std::string gMainSetName;
+extern std::int32_t gSynthVolume;
+extern std::int32_t gThekaInstrument;
+extern std::int16_t gCompPart;
+extern std::int32_t gDroneCycles;
+
+// Slider value to playing-speed factor; entries 0 and 18 stay 0.
+extern std::array<double, 19> gSpeedFactors;
+
+// Start and stop.
+extern std::int16_t gOsPlatform;
+extern std::int16_t gCloseReason;       // 1 Exit button, 2 close box
+extern std::int16_t gTimerPurpose;      // main window cTimer: 1 start, 2 stop
+extern std::int16_t gCallbackContext;   // who receives the end of playback
+extern std::int16_t gOpeningOk;
+extern float gMaxFormL, gMaxFormT, gMaxFormW, gMaxFormH;
+
+// Command line.
+extern std::int16_t gScriptLineCount;
+extern std::int16_t gScriptRun;
+extern std::vector<std::string> gScriptLines;  // from 1; entry 0 unused
+
+// Screens (owned by the screen manager).
+extern platform::Screen* gCurrForm;
+extern platform::Screen* gPrevForm;
+extern platform::Screen* gMainMenuForm;
+extern std::int16_t gCurrFormId;
+extern std::array<std::int16_t, 28> gParentFormIds;  // by form id - 1
+extern float gFormL, gFormT, gFormW, gFormH;
+extern std::int16_t gFormState;        // 0 normal, 1 minimised, 2 maximised
+extern std::int16_t gResizeEnabled;
+extern std::int16_t gInternalClose;
+extern std::int16_t gImageIndex;
+extern std::string gImageFile;
+
+// Trace and errors.
+extern std::string gCurrProcName;
+extern std::int16_t gTraceEnabled;
+extern std::int16_t gTraceOn;
+extern std::int16_t gTraceLevel;
+extern std::string gTraceIndent;
+extern std::int16_t gIgnorableCount;
+extern std::int16_t gErrorTrapCount;
+extern std::string gErrDescription;
+extern std::int32_t gErrNumber;
+extern std::string gErrSource;
+extern std::int32_t gErrLastDll;
