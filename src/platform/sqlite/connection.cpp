@@ -49,6 +49,7 @@ Connection::Connection(const std::string& path, bool exclusive, bool readOnly)
   int flags = readOnly ? SQLITE_OPEN_READONLY : SQLITE_OPEN_READWRITE;
   int rc = sqlite3_open_v2(path.c_str(), &handle_, flags, nullptr);
   if (rc == SQLITE_OK) {
+    sqlite3_extended_result_codes(handle_, 1);
     // Reading the schema makes SQLite look at the file now: a file that is
     // not a store fails here, before anything could be written to it.
     rc = sqlite3_exec(handle_, "SELECT count(*) FROM sqlite_master;", nullptr, nullptr, nullptr);
