@@ -6,6 +6,7 @@
 #include <map>
 #include <random>
 
+#include "control/error_state.h"
 #include "control/errors.h"
 #include "control/screen_table.h"
 #include "control/session.h"
