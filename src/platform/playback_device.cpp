@@ -8,6 +8,19 @@
 namespace platform {
 namespace {
 
+// Marks the device busy for a scope, restoring the previous mark after.
+class BusyScope {
+ public:
+  explicit BusyScope(bool& busy) : busy_(busy), was_(busy) { busy_ = true; }
+  ~BusyScope() { busy_ = was_; }
+  BusyScope(const BusyScope&) = delete;
+  BusyScope& operator=(const BusyScope&) = delete;
+
+ private:
+  bool& busy_;
+  bool was_;
+};
+
 std::string lowered(const std::string& text) {
   std::string out = text;
   std::transform(out.begin(), out.end(), out.begin(),
@@ -23,12 +36,14 @@ PlaybackDevice::PlaybackDevice(std::unique_ptr<AudioSink> sink, Scheduler& sched
 PlaybackDevice::~PlaybackDevice() {
   scheduler_.cancel(tickTimer_);
   scheduler_.cancel(doneTimer_);
+  busy_ = true;
   if (playing_) sink_->stop();
 }
 
 // Carries out one command; names are matched without regard to case, as the
 // media control did.
 bool PlaybackDevice::command(const std::string& name) {
+  BusyScope busy(busy_);
   errorNumber_ = 0;
   errorMessage_.clear();
   const std::string verb = lowered(name);
@@ -75,8 +90,10 @@ bool PlaybackDevice::play() {
   const long endMs = (to <= 0 || to > length()) ? length() : to;
   const long startMs = std::clamp(from, 0L, endMs);
   cutPlay(notify ? kNotifySuperseded : kNotifyAborted);
-  if (!sink_->start(clip_, startMs, endMs))
+  if (!sink_->start(clip_, startMs, endMs)) {
+    stoppedAtMs_ = startMs;
     return refuse(kErrOutputFailed, "the sound output failed: " + sink_->failure());
+  }
   playing_ = true;
   playFromMs_ = startMs;
   playToMs_ = endMs;
@@ -116,8 +133,9 @@ void PlaybackDevice::cutPlay(int doneCode) {
   if (playing_) endPlay(position(), doneCode);
 }
 
+// The state is settled before the sink is stopped: closing an output may let
+// waiting events through.
 void PlaybackDevice::endPlay(long atMs, int doneCode) {
-  sink_->stop();
   playing_ = false;
   stoppedAtMs_ = atMs;
   scheduler_.cancel(tickTimer_);
@@ -126,6 +144,7 @@ void PlaybackDevice::endPlay(long atMs, int doneCode) {
     doneOwed_ = false;
     queueDone(doneCode);
   }
+  sink_->stop();
 }
 
 // The next tick comes after the status interval, or sooner when the range
@@ -143,11 +162,18 @@ void PlaybackDevice::scheduleTick() {
 void PlaybackDevice::onTick() {
   tickTimer_ = 0;
   if (!playing_) return;
-  if (sink_->finished()) {
-    endPlay(playToMs_, kNotifySuccessful);
+  if (busy_) {
+    scheduleTick();
     return;
   }
-  scheduleTick();
+  {
+    BusyScope busy(busy_);
+    if (sink_->finished()) {
+      endPlay(playToMs_, kNotifySuccessful);
+      return;
+    }
+    scheduleTick();
+  }
   if (onStatus) onStatus();
 }
 
@@ -156,10 +182,16 @@ void PlaybackDevice::queueDone(int code) {
   if (doneTimer_ == 0) doneTimer_ = scheduler_.scheduleAfter(0, [this] { deliverDone(); });
 }
 
-// Delivers the oldest waiting done; the rest follow one per event.
+// Delivers the oldest waiting done; the rest follow one per event. Never
+// inside the device's own work: a sink that lets events through while it
+// starts or stops would otherwise run the handler in the middle of a command.
 void PlaybackDevice::deliverDone() {
   doneTimer_ = 0;
   if (doneQueue_.empty()) return;
+  if (busy_) {
+    doneTimer_ = scheduler_.scheduleAfter(1, [this] { deliverDone(); });
+    return;
+  }
   const int code = doneQueue_.front();
   doneQueue_.pop_front();
   if (!doneQueue_.empty()) doneTimer_ = scheduler_.scheduleAfter(0, [this] { deliverDone(); });

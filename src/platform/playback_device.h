@@ -12,8 +12,10 @@
 //    answers once: the playing chains count on that done to close the file
 //    and end their run. Stop, Close, Open and Seek finish before they return
 //    and give no notification of their own.
-// Done notifications are always delivered later through the scheduler, never
-// from inside a command, so a handler can issue commands freely.
+// Notifications are always delivered later through the scheduler, never
+// from inside a command or the device's own tick work (the busy mark defers
+// them, as a Qt output lets events through while it closes), so a handler can
+// issue commands freely.
 //
 // Open and Close always block; Play never does (wait is not consulted).
 // "Seek to start" while playing goes on playing from the start of the file
@@ -22,7 +24,7 @@
 //
 // State: the open clip, the play range and whether it sounds, the position
 // where it stopped, whether a done is owed, the done codes waiting to be
-// delivered, the last error.
+// delivered, whether it is busy, the last error.
 #pragma once
 
 #include <deque>
@@ -79,6 +81,7 @@ class PlaybackDevice : public AudioDevice {
   std::deque<int> doneQueue_;
   TimerId tickTimer_ = 0;
   TimerId doneTimer_ = 0;
+  bool busy_ = false;  // inside a command or a tick: notifications wait
   int errorNumber_ = 0;
   std::string errorMessage_;
 };

@@ -2,6 +2,8 @@
 // its position, and the order and number of its notifications.
 #include "platform/silent_audio.h"
 
+#include "platform/playback_device.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -303,6 +305,42 @@ TEST_F(SilentDevice, NothingArrivesAfterTheDeviceIsGone) {
   clock.advance(1000);
   EXPECT_EQ(clock.pending(), 0u);
   EXPECT_EQ(log, (Log{"status 20 at 20"}));
+}
+
+// A sink that, like a Qt output being closed, lets waiting events through
+// while it stops: here, one millisecond of the virtual clock.
+class EventsOnStopSink : public ClockSink {
+ public:
+  explicit EventsOnStopSink(VirtualClock& clock) : ClockSink(clock), clock_(clock) {}
+  void stop() override { clock_.advance(1); }
+
+ private:
+  VirtualClock& clock_;
+};
+
+TEST(PlaybackDevice, NotificationsNeverRunInsideACommand) {
+  testing::TempDir dir;
+  testing::writeToneFile(dir.file("A.wav"), 200);
+  VirtualClock clock;
+  PlaybackDevice device(std::make_unique<EventsOnStopSink>(clock), clock);
+  bool inCommand = false;
+  std::vector<std::string> log;
+  device.onStatus = [&] { log.push_back(inCommand ? "status inside" : "status"); };
+  device.onDone = [&](int code) {
+    log.push_back((inCommand ? "done inside " : "done ") + std::to_string(code));
+  };
+  device.fileName = dir.file("A.wav");
+  ASSERT_TRUE(device.command("Open"));
+  device.notify = true;
+  ASSERT_TRUE(device.command("Play"));
+  clock.advance(39);  // the tick of 40 ms falls due while the sink stops
+  inCommand = true;
+  device.notify = false;
+  ASSERT_TRUE(device.command("Stop"));
+  ASSERT_TRUE(device.command("Close"));
+  inCommand = false;
+  clock.advance(100);
+  EXPECT_EQ(log, (Log{"status", "done 4"}));
 }
 
 }  // namespace
