@@ -3,8 +3,8 @@
 //
 // QtSink plays a range of a clip on the default output: a QAudioSink pulls
 // the samples from our own QIODevice into its buffer (about 200 ms, which
-// rides out a busy interface thread) and counts what it has passed on to the
-// sound server. That count, less the server's own delay to the ear
+// rides out a busy interface thread) and reports how much the sound server
+// has played. That count, less the further delay to the ear
 // (kServerLatencyMs), is the position the listener hears. At the end the
 // output goes idle while its buffer still holds the last samples; the sink
 // counts as finished once they have all been processed, or when the count
@@ -44,8 +44,8 @@ class QtSink : public AudioSink {
   bool finished() override;
   std::string failure() const override { return failure_; }
 
-  // Measured with PulseAudio: sound reaches the ear 20 to 45 ms after the
-  // output counts it as processed.
+  // Measured with PulseAudio: sound is heard 20 to 45 ms after the output
+  // counts it as processed.
   static constexpr long kServerLatencyMs = 30;
   static constexpr long kStallMs = 300;
 
