@@ -130,6 +130,11 @@ class Workspace {
   virtual std::unique_ptr<Database> openDatabase(const std::string& path, bool exclusive,
                                                  bool readOnly,
                                                  const std::string& connect) = 0;
+  // Creates a new store file from a schema text. The file is written under
+  // a temporary name and renamed when complete, so a failed creation leaves
+  // nothing that looks like a store. An existing file is never touched
+  // (3045); a folder that cannot be written is 3051.
+  virtual void createDatabase(const std::string& path, const std::string& schemaSql) = 0;
 };
 
 // Workspace 0 of the engine.

@@ -30,6 +30,7 @@ class SqliteWorkspace : public Workspace {
  public:
   std::unique_ptr<Database> openDatabase(const std::string& path, bool exclusive, bool readOnly,
                                          const std::string& connect) override;
+  void createDatabase(const std::string& path, const std::string& schemaSql) override;
 };
 
 }  // namespace platform::sqlite
