@@ -184,6 +184,26 @@ TEST_F(StoreEngine, EmptyFileIsNotAStore) {
   EXPECT_EQ(fs::file_size(path), 0u);
 }
 
+TEST_F(StoreEngine, DamagedPagesAreReportedWhenRead) {
+  {
+    auto store = open(false);
+    store->execute("CREATE TABLE Big (Id INTEGER PRIMARY KEY, Text TEXT);"
+                   "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500)"
+                   " INSERT INTO Big SELECT i, printf('%0100d', i) FROM n;");
+  }
+  {
+    // Overwrite everything after the first page (the header and schema stay).
+    std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(4096);
+    file << std::string(static_cast<std::size_t>(fs::file_size(path_)) - 4096, '\xA5');
+  }
+  auto store = open(true);
+  EXPECT_EQ(errorOf([&] {
+              auto rs = store->openRecordset("SELECT count(*) FROM Big;", RecordsetType::Snapshot);
+            }),
+            3049);
+}
+
 TEST_F(StoreEngine, SecondExclusiveOpenInTheSameProcessIsRefused) {
   auto first = open(false);
   try {

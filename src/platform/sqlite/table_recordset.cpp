@@ -78,7 +78,7 @@ void TableRecordset::chooseOrder(std::vector<KeyColumn> index) {
   seekRow_.clear();
   std::string equalKeys;
   for (std::size_t i = 0; i < index_.size(); ++i) {
-    equalKeys += (i ? " AND " : "") + fQuoteName(index_[i].name) + " = ?" + std::to_string(i + 1);
+    equalKeys += (i ? " AND " : "") + keyTerm(index_[i]) + " = ?" + std::to_string(i + 1);
     seekRow_.push_back(selectRow_ + " WHERE " + equalKeys + orderBy_ + " LIMIT 1");
   }
   moveToEnd(false);
@@ -121,8 +121,12 @@ bool TableRecordset::readRow(const std::string& sql, const std::vector<Value>& k
 }
 
 void TableRecordset::setIndex(const std::string& indexName) {
+  // The look-ups set the index before every Seek; the same one again
+  // changes nothing.
+  if (indexChosen_ && fSameName(indexName, indexName_)) return;
   chooseOrder(connection().indexColumns(*table_, indexName));
   indexChosen_ = true;
+  indexName_ = indexName;
 }
 
 void TableRecordset::seek(const std::string& comparison, const std::vector<Value>& keys) {

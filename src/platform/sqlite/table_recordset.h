@@ -68,6 +68,7 @@ class TableRecordset : public Recordset {
   std::shared_ptr<const TableInfo> table_;
   std::vector<KeyColumn> index_;  // empty: rowid order
   bool indexChosen_ = false;
+  std::string indexName_;         // as the caller named it
   std::vector<int> indexFields_;  // the index's columns, as table columns
   std::string selectRow_;         // "SELECT rowid, * FROM t"
   std::string orderBy_;           // " ORDER BY ..., rowid"
