@@ -1,4 +1,4 @@
-// The trace switch of the Help menu, shared by every screen that has one.
+// Handlers of the trace menu entries: switch tracing and update the marks.
 #include "control/trace_menu.h"
 
 #include "control/session.h"
@@ -6,11 +6,12 @@
 #include "platform/screen.h"
 
 void sBindTraceMenuEvents(platform::Screen& screen) {
-  screen.on("cMnuTraOn", platform::EventKind::Click, [](const platform::Event&) {
+  using platform::EventKind;
+  screen.on("cMnuTraOn", EventKind::Click, [](const platform::Event&) {
     gTraceOn = -1;
     sMnuTraceCheck();
   });
-  screen.on("cMnuTraOff", platform::EventKind::Click, [](const platform::Event&) {
+  screen.on("cMnuTraOff", EventKind::Click, [](const platform::Event&) {
     gTraceOn = 0;
     sMnuTraceCheck();
   });
