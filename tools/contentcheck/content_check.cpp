@@ -257,6 +257,42 @@ void checkCompositions(Context& c, const CheckOptions& options) {
       c.report(Fault::MissingPart, *row, "Notation Index", "no [Raga - Additional Information] row names this notation");
 }
 
+// Every theka type given covers every tala, with one known bol (1 to 20)
+// on each beat from 1 to the tala's beat count.
+void checkThekas(Context& c) {
+  std::map<int, const Row*> talas;
+  for (const Row* t : c.rowsOf("Tala - Technical Information")) talas[toInt(value(*t, "Tala Id"))] = t;
+  std::map<std::pair<int, int>, std::set<int>> beatsOf;  // (type, tala) -> beats with a bol
+  for (const Row* b : c.rowsOf("ThekaTypeBolsForTaal")) {
+    const int type = toInt(value(*b, "Theka Type Id")), tala = toInt(value(*b, "Tala Id"));
+    const int beat = toInt(value(*b, "Tala Bol Id")), bol = toInt(value(*b, "Theka Bol Id"));
+    if (!talas.count(tala)) {
+      c.report(Fault::ThekaIncomplete, *b, "Tala Id", "no tala " + std::to_string(tala));
+      continue;
+    }
+    const int beats = toInt(value(*talas[tala], "Beat Count"));
+    if (beat < 1 || beat > beats)
+      c.report(Fault::ThekaIncomplete, *b, "Tala Bol Id", "beat " + std::to_string(beat) + " outside 1 to " + std::to_string(beats));
+    if (bol < 1 || bol > 20)
+      c.report(Fault::ThekaIncomplete, *b, "Theka Bol Id", "Theka Bol Id must lie from 1 to 20");
+    beatsOf[{type, tala}].insert(beat);
+  }
+  std::set<int> types;
+  for (const auto& entry : beatsOf) types.insert(entry.first.first);
+  for (int type : types) {
+    for (const auto& [tala, row] : talas) {
+      const int beats = toInt(value(*row, "Beat Count"));
+      const auto& have = beatsOf[{type, tala}];
+      for (int beat = 1; beat <= beats; ++beat) {
+        if (have.count(beat)) continue;
+        c.report(Fault::ThekaIncomplete, *row, "Tala Name",
+                 value(*row, "Tala Name") + ": theka type " + std::to_string(type) + " has no bol on beat " + std::to_string(beat));
+        break;
+      }
+    }
+  }
+}
+
 void checkLibraryWide(Context& c) {
   std::set<int> prompts;
   for (const Row* p : c.rowsOf("Prompts"))
@@ -303,8 +339,10 @@ std::vector<Problem> checkContent(const std::vector<nvstore::Row>& rows, const C
   checkDuplicates(c, "Tala - Technical Information", {"Tala Id"});
   checkDuplicates(c, "ThataScales", {"ThataName"});
   checkDuplicates(c, "Prompts", {"Prompt Id"});
+  checkDuplicates(c, "ThekaTypeBolsForTaal", {"Tala Id", "Theka Type Id", "Tala Bol Id"});
   checkRagas(c);
   checkCompositions(c, options);
+  checkThekas(c);
   if (options.wholeLibrary) checkLibraryWide(c);
   return c.problems;
 }
