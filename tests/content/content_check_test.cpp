@@ -32,6 +32,7 @@ const std::map<std::string, Fault> kFaultNames = {
     {"GroupCount", Fault::GroupCount},
     {"FilmSongShipped", Fault::FilmSongShipped},
     {"ThekaIncomplete", Fault::ThekaIncomplete},
+    {"TechnicalData", Fault::TechnicalData},
 };
 
 std::string fixture(const std::string& name) { return std::string(NADAVIK_FIXTURE_DIR) + "/" + name; }
@@ -99,7 +100,7 @@ TEST_P(MarkedFixture, ReportsExactlyTheMarkedFaults) {
 INSTANTIATE_TEST_SUITE_P(Fixtures, MarkedFixture,
                          ::testing::Values("clean.rec", "illegal-notes.rec", "durations.rec", "pakad.rec",
                                            "tala.rec", "syllables.rec", "duplicates.rec",
-                                           "outside-notes.rec", "film-song.rec", "missing.rec", "theka.rec"),
+                                           "outside-notes.rec", "film-song.rec", "missing.rec", "theka.rec", "technical.rec"),
                          [](const auto& param) {
                            std::string n = param.param;
                            n = n.substr(0, n.find('.'));

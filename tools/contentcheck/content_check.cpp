@@ -82,6 +82,18 @@ void checkNotesOfRaga(Context& c, const Row& tech, const std::set<int>& ragaClas
   }
 }
 
+// The drone sounds Pa (type 1), shuddha Ma (2) or Ni (3) against Sa: the
+// raga must have that note. Which of its notes to choose is the writer's
+// judgement (a raga with a weak Pa may take the Ma drone).
+void checkDroneType(Context& c, const Row& tech, const std::set<int>& ragaClasses) {
+  static const std::map<int, int> kDroneNote = {{1, 7}, {2, 5}, {3, 11}};  // pitch classes of P, m, N
+  const auto drone = kDroneNote.find(toInt(value(tech, "DroneType")));
+  if (drone == kDroneNote.end())
+    c.report(Fault::TechnicalData, tech, "DroneType", "DroneType must be 1 (Pa), 2 (Ma) or 3 (Ni)");
+  else if (!ragaClasses.empty() && !ragaClasses.count(drone->second))
+    c.report(Fault::TechnicalData, tech, "DroneType", "the drone's note is not in the raga's Raga Note Ids");
+}
+
 void checkVadiNumber(Context& c, const Row& tech, const char* noteColumn, const char* numColumn) {
   const std::string note = value(tech, noteColumn);
   if (!isLegalNoteWord(note) || note.find('\'') != std::string::npos) {
@@ -135,6 +147,9 @@ void checkRagas(Context& c) {
   for (const Row* r : c.rowsOf("Raga - ALT Phrases"))
     if (value(*r, "PhraseType") == "1") alapRows[toInt(value(*r, "RagaIndex"))] = r;
 
+  std::set<std::string> thatas;
+  for (const Row* t : c.rowsOf("ThataScales")) thatas.insert(value(*t, "ThataName"));
+
   for (const Row* name : c.rowsOf("RagaNameList")) {
     const int id = toInt(value(*name, "Raga Index"));
     const std::string raga = value(*name, "Raga");
@@ -159,7 +174,14 @@ void checkRagas(Context& c) {
                *tech, "PakadDuration", "Pakad: " + runOut);
     checkVadiNumber(c, *tech, "Vadi", "VadiNum");
     checkVadiNumber(c, *tech, "Samvadi", "SamvadiNum");
-    if (notesRows.count(id)) checkNotesOfRaga(c, *tech, checkRagaNoteIds(c, *notesRows[id]));
+    if (!thatas.empty() && tech->find("Thata") && !thatas.count(value(*tech, "Thata")))
+      c.report(Fault::TechnicalData, *tech, "Thata", "Thata '" + value(*tech, "Thata") + "' is not in [ThataScales]");
+    std::set<int> classes;
+    if (notesRows.count(id)) {
+      classes = checkRagaNoteIds(c, *notesRows[id]);
+      checkNotesOfRaga(c, *tech, classes);
+    }
+    checkDroneType(c, *tech, classes);
   }
   for (const Row* alt : c.rowsOf("Raga - ALT Phrases")) {
     if (value(*alt, "PhraseType") == "3") {
