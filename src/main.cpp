@@ -9,7 +9,9 @@
 #include "control/error_state.h"
 #include "control/startup.h"
 #include "notation/devanagari.h"
+#include "control/messages.h"
 #include "platform/qt/qt_audio.h"
+#include "platform/qt/qt_scheduler.h"
 #include "platform/qt/qt_window_system.h"
 
 namespace {
@@ -34,8 +36,10 @@ int main(int argc, char* argv[]) {
 
   platform::QtWindowSystem windows(appDir + "/screens");
   windows.setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
-  platform::QtAudioOutput audio;
-  windows.setAudioDeviceFactory([&audio] { return audio.createDevice(); });
+  platform::QtScheduler scheduler;
+  platform::NoOutputNotice noSound{[](const std::string& message) { sShowMessage(message); }};
+  windows.setAudioDeviceFactory(
+      [&] { return platform::createAudioDevice(scheduler, noSound); });
   platform::setWindowSystem(&windows);
   platform::setEventBoundary(sRunTrapped);
 
