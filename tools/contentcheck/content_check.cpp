@@ -20,6 +20,9 @@ bool promptNeeded(int id) { return (id >= 1 && id <= 71) || (id >= 87 && id <= 9
 
 const std::map<int, int> kGroupSizes = {{1, 30}, {2, 20}, {3, 20}};
 
+// The group of a raga by its index: 1 to 30, 31 to 50, 51 to 70; 0 beyond.
+int groupOfIndex(int id) { return id < 1 ? 0 : id <= 30 ? 1 : id <= 50 ? 2 : id <= 70 ? 3 : 0; }
+
 int toInt(const std::string& s) { return std::atoi(s.c_str()); }
 
 // Rows of one table in source order, and the problems found so far.
@@ -116,6 +119,7 @@ void checkDuplicates(Context& c, const std::string& table, std::initializer_list
       k.push_back(value(*row, column));
       shown += (shown.empty() ? "" : ", ") + value(*row, column);
     }
+    if (shown == "0") continue;  // a Notation Index of 0 means "none yet"
     const auto [it, fresh] = seen.emplace(k, row);
     if (!fresh)
       c.report(Fault::DuplicateName, *row, *key.begin(),
@@ -134,6 +138,9 @@ void checkRagas(Context& c) {
   for (const Row* name : c.rowsOf("RagaNameList")) {
     const int id = toInt(value(*name, "Raga Index"));
     const std::string raga = value(*name, "Raga");
+    if (toInt(value(*name, "Level")) != groupOfIndex(id))
+      c.report(Fault::GroupCount, *name, "Level",
+               raga + ": Raga Index " + std::to_string(id) + " belongs to group " + std::to_string(groupOfIndex(id)));
     if (!techRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Technical Information] row");
     if (!notesRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Notes] row");
     if (!alapRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no alap ([Raga - ALT Phrases] type 1)");
@@ -208,10 +215,11 @@ void checkCompositionPart(Context& c, const Row& part, const std::map<int, int>&
 }
 
 // A similar raga: Notation holds the other raga's phrase, Syllables this
-// raga's phrase, both timed in hundredths of a second.
+// raga's phrase, both timed in hundredths of a second and played as they
+// stand, so without segment marks.
 void checkComparison(Context& c, const Row& part) {
-  checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::Colons, true);
-  checkPhrasePair(c, part, "Syllables", "SyllableDuration", Separators::Colons, true);
+  checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::None, true);
+  checkPhrasePair(c, part, "Syllables", "SyllableDuration", Separators::None, true);
 }
 
 void checkCompositions(Context& c, const CheckOptions& options) {
@@ -253,9 +261,16 @@ void checkLibraryWide(Context& c) {
   std::set<int> prompts;
   for (const Row* p : c.rowsOf("Prompts"))
     if (!value(*p, "Prompt").empty()) prompts.insert(toInt(value(*p, "Prompt Id")));
-  for (int id = 1; id <= 97; ++id)
-    if (promptNeeded(id) && !prompts.count(id))
-      c.problems.push_back({Fault::MissingPrompt, "content/prompts.rec", 0, "prompt " + std::to_string(id) + " is missing or empty"});
+  std::string missing;  // as "1-3, 7, 90-97"
+  for (int id = 1; id <= 97; ++id) {
+    if (!promptNeeded(id) || prompts.count(id)) continue;
+    int last = id;
+    while (promptNeeded(last + 1) && !prompts.count(last + 1)) ++last;
+    missing += (missing.empty() ? "" : ", ") + std::to_string(id) + (last > id ? "-" + std::to_string(last) : "");
+    id = last;
+  }
+  if (!missing.empty())
+    c.problems.push_back({Fault::MissingPrompt, "content/prompts.rec", 0, "prompts missing or empty: " + missing});
 
   std::map<int, int> groups;
   for (const Row* r : c.rowsOf("RagaNameList")) ++groups[toInt(value(*r, "Level"))];
