@@ -1,21 +1,18 @@
 // Look-ups of ragas, talas, phrases, items and prompts. Keeps no state.
 #include "store/lookups.h"
 
+#include "composer/composer.h"
 #include "control/errors.h"
+#include "control/screen_manager.h"
 #include "control/session.h"
 #include "notation/tokenizer.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "sound/drone.h"
 #include "store/positioning.h"
 #include "store/queries.h"
 #include "store/query_open.h"
 
-// The composer's list mode (1 items with a notation, 2 without), owned by
-// the composer.
-extern std::int16_t gCompListMode;
-// Loads the drone of gCurrRagaId when it differs from the one in use; owned
-// by the drone.
-void sAdjustDroneType(platform::Recordset& recordset);
 
 namespace {
 
@@ -24,7 +21,6 @@ using platform::Value;
 
 constexpr std::int16_t kTrue = -1;
 constexpr std::int16_t kFalse = 0;
-constexpr int kFormComposer = 15;  // the one screen that lists every item
 
 enum PhraseType { kAlap = 1, kLayakari = 2, kTaan = 3 };
 enum AddInfoType { kSimilarRaga = 1, kComposition = 2, kFilmSong = 3 };
@@ -189,9 +185,12 @@ std::string fGetPrompts(const std::string& numbers) {
 std::int16_t fLoadList(platform::Control& listControl, std::int16_t type) {
   NV_PROC("fLoadList");
   listControl.clear();
-  if (gCurrFormId != kFormComposer && gCompListMode == 1)
+  // The raga summary lists every item; elsewhere the composer's list mode
+  // picks the items with a notation (1) or without one (2). Any other mode
+  // lists every item too.
+  if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 1)
     sPatchSQLStr5ForExi(type);
-  else if (gCurrFormId != kFormComposer && gCompListMode == 2)
+  else if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 2)
     sPatchSQLStr5ForNew(type);
   else
     sPatchSQLStr5(type);

@@ -7,10 +7,7 @@
 
 #include "control/errors.h"
 #include "control/session.h"
-
-// The range of reeds on show, owned by the keyboard display.
-extern std::int16_t gFirstReed;
-extern std::int16_t gLastReed;
+#include "keyboard/reeds.h"
 
 std::string gSQLStr1, gSQLStr2, gSQLStr3;
 std::string gSQLStr4a, gSQLStr4b, gSQLStr4;
