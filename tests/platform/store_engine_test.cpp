@@ -487,6 +487,18 @@ TEST_F(StoreEngine, DeleteLeavesTheGapAndMoveNextGoesOn) {
   EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Todi"}));
 }
 
+TEST_F(StoreEngine, EditOfARowDeletedElsewhereFails) {
+  auto store = open(false);
+  auto editor = store->openRecordset("RagaNameList", RecordsetType::Table);
+  auto deleter = store->openRecordset("RagaNameList", RecordsetType::Table);
+  editor->edit();  // on Yaman, the first row
+  deleter->remove();
+  editor->setField("Level", Value(2));
+  EXPECT_EQ(errorOf([&] { editor->update(); }), 3021);
+  EXPECT_EQ(errorOf([&] { editor->field("Raga"); }), 3021);
+  EXPECT_EQ(editor->recordCount(), 4);
+}
+
 TEST_F(StoreEngine, RecordCountOfATableFollowsWritesOfOtherRecordsets) {
   auto store = open(false);
   auto reader = store->openRecordset("RagaNameList", RecordsetType::Table);

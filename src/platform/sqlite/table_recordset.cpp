@@ -262,7 +262,10 @@ void TableRecordset::updateRow() {
     run.step();
   }
   store.noteChange();
-  if (!readRow(selectRow_ + " WHERE rowid = ?1", {rowid})) place_ = Place::Nowhere;
+  if (!readRow(selectRow_ + " WHERE rowid = ?1", {rowid})) {
+    place_ = Place::Nowhere;
+    throw StoreError(3021, "No current record: the row was deleted by another recordset.");
+  }
 }
 
 void TableRecordset::remove() {
