@@ -2,6 +2,7 @@
 #include "store/lookups.h"
 
 #include "control/errors.h"
+#include "control/screen_manager.h"
 #include "control/session.h"
 #include "notation/tokenizer.h"
 #include "platform/screen.h"
@@ -24,7 +25,6 @@ using platform::Value;
 
 constexpr std::int16_t kTrue = -1;
 constexpr std::int16_t kFalse = 0;
-constexpr int kFormComposer = 15;  // the one screen that lists every item
 
 enum PhraseType { kAlap = 1, kLayakari = 2, kTaan = 3 };
 enum AddInfoType { kSimilarRaga = 1, kComposition = 2, kFilmSong = 3 };
@@ -189,9 +189,11 @@ std::string fGetPrompts(const std::string& numbers) {
 std::int16_t fLoadList(platform::Control& listControl, std::int16_t type) {
   NV_PROC("fLoadList");
   listControl.clear();
-  if (gCurrFormId != kFormComposer && gCompListMode == 1)
+  // The raga summary lists every item; the composer only those with
+  // (mode 1) or without (mode 2) a notation.
+  if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 1)
     sPatchSQLStr5ForExi(type);
-  else if (gCurrFormId != kFormComposer && gCompListMode == 2)
+  else if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 2)
     sPatchSQLStr5ForNew(type);
   else
     sPatchSQLStr5(type);

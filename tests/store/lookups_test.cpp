@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "control/screen_manager.h"
 #include "control/session.h"
 #include "platform/store.h"
 #include "store/lookups.h"
@@ -51,7 +52,7 @@ class Lookups : public ::testing::Test {
   void SetUp() override {
     sSetSQLStrings();
     gCurrRagaId = 1;
-    gCurrFormId = 15;
+    gCurrFormId = kFormRagaInfoSummary;
     gCompListMode = 0;
   }
   TestStores stores_;
@@ -127,10 +128,11 @@ TEST_F(Lookups, ListOfItemsByScreenAndComposerMode) {
     std::int16_t formId, listMode;
     Names items;
   } table[] = {
-      {15, 0, {"Eri Aali", "Man Mohana"}},
-      {15, 1, {"Eri Aali", "Man Mohana"}},
-      {16, 1, {"Eri Aali"}},
-      {16, 2, {"Man Mohana"}},
+      {kFormRagaInfoSummary, 0, {"Eri Aali", "Man Mohana"}},
+      {kFormRagaInfoSummary, 1, {"Eri Aali", "Man Mohana"}},
+      {kFormComposer, 1, {"Eri Aali"}},
+      {kFormComposer, 2, {"Man Mohana"}},
+      {kFormComposer, 0, {"Eri Aali", "Man Mohana"}},
   };
   for (const auto& row : table) {
     gCurrFormId = row.formId;
