@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "control/errors.h"
 #include "control/screen_manager.h"
 #include "control/session.h"
 #include "platform/store.h"
@@ -167,6 +168,17 @@ TEST_F(Lookups, SequentialRagaPick) {
   EXPECT_EQ(fGetSeqRagaId(0), 0);
   EXPECT_EQ(gCurrRagaId, 6);
   EXPECT_EQ(gTestDroneAdjustments, 2);
+}
+
+TEST_F(Lookups, StoreNotOpenIsAFatalFault) {
+  auto library = std::move(gDbA);
+  try {
+    fGetRagaName(1);
+    ADD_FAILURE() << "no fault";
+  } catch (const ErrorTrap& trap) {
+    EXPECT_EQ(trap.number, 91);
+  }
+  gDbA = std::move(library);
 }
 
 TEST_F(Lookups, QueryThatCannotBeEvaluatedIsForgiven) {
