@@ -8,6 +8,7 @@
 #include <cctype>
 
 #include "platform/sqlite/sqlite_errors.h"
+#include "platform/sqlite/table_order.h"
 
 namespace platform::sqlite {
 namespace {
@@ -80,6 +81,7 @@ void Connection::close() {
   sqlite3_close(handle_);
   handle_ = nullptr;
   tables_.clear();
+  orders_.clear();
   // Only now: closing our descriptor earlier could drop SQLite's own locks.
   lock_.release();
 }
@@ -150,6 +152,18 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   return info;
 }
 
+std::shared_ptr<const TableOrder> Connection::order(const TableInfo& table,
+                                                   const std::string& indexName) {
+  std::string key = lowerCase(table.name) + '\t' + lowerCase(indexName);
+  auto found = orders_.find(key);
+  if (found != orders_.end()) return found->second;
+  std::vector<KeyColumn> keys;
+  if (!indexName.empty()) keys = indexColumns(table, indexName);
+  auto built = std::make_shared<const TableOrder>(fBuildTableOrder(table, std::move(keys)));
+  orders_.emplace(key, built);
+  return built;
+}
+
 std::vector<KeyColumn> Connection::indexColumns(const TableInfo& table,
                                                 const std::string& indexName) {
   if (fSameName(indexName, "PrimaryKey") && !table.primaryKey.empty()) return table.primaryKey;
@@ -191,6 +205,7 @@ void Connection::execute(const std::string& sql) {
   sqlite3_free(message);
   // The statement may have changed tables and indexes.
   tables_.clear();
+  orders_.clear();
   finalizeStatements();
   noteChange();
   if (rc != SQLITE_OK) sThrowSqlite(handle_, rc, sql);
