@@ -1,5 +1,7 @@
 // Look-ups by id and name, the phrase and item tests and counts, prompts,
 // list filling and the sequential raga pick, on small stores.
+#include "store/lookups.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
@@ -10,7 +12,6 @@
 #include "control/screen_manager.h"
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/lookups.h"
 #include "store/queries.h"
 #include "store/query_open.h"
 #include "tests/notation/support/fake_screen.h"
@@ -83,12 +84,11 @@ TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {
     std::int16_t ragaId, store, answer;
   };
   const Row table[] = {
-      {fHasAlap, 1, 1, -1},         {fHasLayakari, 1, 1, 0},   {fHasTaan, 1, 1, -1},
-      {fHasAlap, 1, 2, 0},          {fHasLayakari, 5, 2, -1},  {fHasAlap, 1, 3, 0},
-      {fHasSimilarRagas, 1, 1, -1}, {fHasSimilarRagas, 2, 1, 0},
-      {fHasCompositions, 1, 2, -1}, {fHasCompositions, 2, 2, 0},
-      {fHasFilmSongs, 1, 1, -1},    {fHasFilmSongs, 3, 1, 0},
-      {fAlapCount, 1, 1, 2},        {fTaanCount, 1, 1, 1},     {fLayakariCount, 5, 2, 3},
+      {fHasAlap, 1, 1, -1},         {fHasLayakari, 1, 1, 0},     {fHasTaan, 1, 1, -1},
+      {fHasAlap, 1, 2, 0},          {fHasLayakari, 5, 2, -1},    {fHasAlap, 1, 3, 0},
+      {fHasSimilarRagas, 1, 1, -1}, {fHasSimilarRagas, 2, 1, 0}, {fHasCompositions, 1, 2, -1},
+      {fHasCompositions, 2, 2, 0},  {fHasFilmSongs, 1, 1, -1},   {fHasFilmSongs, 3, 1, 0},
+      {fAlapCount, 1, 1, 2},        {fTaanCount, 1, 1, 1},       {fLayakariCount, 5, 2, 3},
   };
   for (const Row& row : table)
     EXPECT_EQ(row.lookup(row.ragaId, row.store), row.answer)
@@ -154,8 +154,7 @@ TEST_F(Lookups, ListOfItemsByScreenAndComposerMode) {
 TEST_F(Lookups, RagaListHoldsEveryRagaWithTechnicalData) {
   RagaListScreen screen;
   sLoadRagaList(screen);
-  EXPECT_EQ(screen.list.items,
-            (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
+  EXPECT_EQ(screen.list.items, (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
 }
 
 TEST_F(Lookups, SequentialRagaPick) {

@@ -124,8 +124,8 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   }
   std::vector<std::pair<std::int64_t, std::string>> keyParts;
   {
-    StatementRun run(handle(), statement("SELECT name, pk FROM pragma_table_info(?1) ORDER BY cid;"),
-                     name);
+    StatementRun run(handle(),
+                     statement("SELECT name, pk FROM pragma_table_info(?1) ORDER BY cid;"), name);
     run.bind(1, info->name);
     while (run.step()) {
       info->columns.push_back(textColumn(run, 0));
@@ -137,8 +137,8 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   // rowid itself has no such index and compares as BINARY.
   std::string keyIndex;
   {
-    StatementRun run(handle(),
-                     statement("SELECT name FROM pragma_index_list(?1) WHERE origin = 'pk';"), name);
+    StatementRun run(
+        handle(), statement("SELECT name FROM pragma_index_list(?1) WHERE origin = 'pk';"), name);
     run.bind(1, info->name);
     if (run.step()) keyIndex = textColumn(run, 0);
   }
@@ -153,7 +153,7 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
 }
 
 std::shared_ptr<const TableOrder> Connection::order(const TableInfo& table,
-                                                   const std::string& indexName) {
+                                                    const std::string& indexName) {
   std::string key = lowerCase(table.name) + '\t' + lowerCase(indexName);
   auto found = orders_.find(key);
   if (found != orders_.end()) return found->second;

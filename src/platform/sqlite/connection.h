@@ -94,7 +94,7 @@ class StatementRun {
   StatementRun& operator=(const StatementRun&) = delete;
 
   void bind(int position, const Value& value);  // position from 1
-  bool step();                                   // true while a row is there
+  bool step();                                  // true while a row is there
   int columnCount() const;
   Value column(int i) const;
 

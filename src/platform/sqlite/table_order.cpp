@@ -38,12 +38,13 @@ std::string afterKeysNullSafe(const std::vector<KeyColumn>& keys) {
   for (std::size_t i = keys.size(); i-- > 0;) {
     std::string column = keyTerm(keys[i]);
     std::string slot = "?" + std::to_string(i + 1);
-    std::string beyond =
-        keys[i].descending
-            ? "(" + column + " < " + slot + " OR (" + column + " IS NULL AND " + slot +
-                  " IS NOT NULL))"
-            : "(" + column + " > " + slot + " OR (" + slot + " IS NULL AND " + column +
-                  " IS NOT NULL))";
+    std::string beyond;
+    if (keys[i].descending)
+      beyond = "(" + column + " < " + slot + " OR (" + column + " IS NULL AND " + slot +
+               " IS NOT NULL))";
+    else
+      beyond = "(" + column + " > " + slot + " OR (" + slot + " IS NULL AND " + column +
+               " IS NOT NULL))";
     test = "(" + beyond + " OR (" + column + " IS " + slot + " AND " + test + "))";
   }
   return test;
@@ -52,8 +53,8 @@ std::string afterKeysNullSafe(const std::vector<KeyColumn>& keys) {
 int columnNumber(const TableInfo& table, const std::string& name) {
   for (std::size_t i = 0; i < table.columns.size(); ++i)
     if (fSameName(table.columns[i], name)) return static_cast<int>(i);
-  throw StoreError(3265, "Item not found in this collection: no field '" + name + "' in '" +
-                             table.name + "'.");
+  throw StoreError(
+      3265, "Item not found in this collection: no field '" + name + "' in '" + table.name + "'.");
 }
 
 }  // namespace

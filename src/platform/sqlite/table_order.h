@@ -12,10 +12,10 @@
 namespace platform::sqlite {
 
 struct TableOrder {
-  std::vector<KeyColumn> keys;     // empty: rowid order
-  std::vector<int> keyFields;      // the keys as column numbers of the table
-  bool descending = false;         // some key sorts DESC
-  std::string firstRow;            // "SELECT rowid, * ... ORDER BY ... LIMIT 1"
+  std::vector<KeyColumn> keys;  // empty: rowid order
+  std::vector<int> keyFields;   // the keys as column numbers of the table
+  bool descending = false;      // some key sorts DESC
+  std::string firstRow;         // "SELECT rowid, * ... ORDER BY ... LIMIT 1"
   std::string lastRow;
   // The row after ?1..?n (key values) and ?n+1 (rowid): a row-value test
   // the index serves, and the same spelt out for Null keys and DESC.

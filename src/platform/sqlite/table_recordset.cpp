@@ -10,8 +10,7 @@ namespace {
 
 }  // namespace
 
-TableRecordset::TableRecordset(std::shared_ptr<Connection> connection,
-                               const std::string& tableName)
+TableRecordset::TableRecordset(std::shared_ptr<Connection> connection, const std::string& tableName)
     : connection_(std::move(connection)) {
   table_ = connection_->table(tableName);
   order_ = connection_->order(*table_, "");
@@ -20,14 +19,15 @@ TableRecordset::TableRecordset(std::shared_ptr<Connection> connection,
 
 Connection& TableRecordset::connection() const {
   if (!connection_ || !connection_->isOpen())
-    throw StoreError(3420, "Object invalid or no longer set: the recordset or its store is closed.");
+    throw StoreError(3420,
+                     "Object invalid or no longer set: the recordset or its store is closed.");
   return *connection_;
 }
 
 void TableRecordset::requireWritable() const {
   if (connection().readOnly())
-    throw StoreError(3027, "Cannot update. Database or object is read-only: '" +
-                               connection_->path() + "'.");
+    throw StoreError(
+        3027, "Cannot update. Database or object is read-only: '" + connection_->path() + "'.");
 }
 
 void TableRecordset::requireRow() const {
@@ -93,7 +93,8 @@ void TableRecordset::moveNext() {
     anyNull = anyNull || keys.back().isNull();
   }
   keys.push_back(row_[0]);
-  bool found = readRow(anyNull || order_->descending ? order_->nextRowNullSafe : order_->nextRow, keys);
+  bool found =
+      readRow(anyNull || order_->descending ? order_->nextRowNullSafe : order_->nextRow, keys);
   place_ = found ? Place::Row : Place::AfterLast;
 }
 
@@ -166,8 +167,9 @@ void TableRecordset::insertRow() {
     names += (values.size() > 1 ? ", " : "") + fQuoteName(table_->columns[i]);
     slots += (values.size() > 1 ? ", ?" : "?") + std::to_string(values.size());
   }
-  std::string sql = "INSERT INTO " + fQuoteName(table_->name) +
-                    (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + slots + ")");
+  std::string sql =
+      "INSERT INTO " + fQuoteName(table_->name) +
+      (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + slots + ")");
   Connection& store = connection();
   StatementRun run(store.handle(), store.statement(sql), table_->name);
   for (std::size_t i = 0; i < values.size(); ++i) run.bind(static_cast<int>(i) + 1, values[i]);
@@ -207,9 +209,10 @@ void TableRecordset::remove() {
   requireRow();
   Connection& store = connection();
   {
-    StatementRun run(store.handle(), store.statement("DELETE FROM " + fQuoteName(table_->name) +
-                                                     " WHERE rowid = ?1"),
-                     table_->name);
+    StatementRun run(
+        store.handle(),
+        store.statement("DELETE FROM " + fQuoteName(table_->name) + " WHERE rowid = ?1"),
+        table_->name);
     run.bind(1, row_.at(0));
     run.step();
   }

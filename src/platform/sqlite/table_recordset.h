@@ -68,10 +68,10 @@ class TableRecordset : public Recordset {
   std::shared_ptr<const TableInfo> table_;
   std::shared_ptr<const TableOrder> order_;
   bool indexChosen_ = false;
-  std::string indexName_;         // as the caller named it
+  std::string indexName_;  // as the caller named it
 
   Place place_ = Place::Empty;
-  std::vector<Value> row_;        // rowid, then the columns
+  std::vector<Value> row_;  // rowid, then the columns
   bool noMatch_ = false;
 
   mutable long count_ = -1;
