@@ -41,12 +41,18 @@ std::string entry5Head(int type) {
 // The sort column of the raga grid for gSortingMode; "" for 0 or unknown.
 const char* gridSortColumn() {
   switch (gSortingMode) {
-    case 1: return " [Raga - Technical Information].Thata, ";
-    case 2: return " [Raga - Technical Information].Jati, ";
-    case 3: return " [Raga - Technical Information].VadiNum, ";
-    case 4: return " [Raga - Technical Information].SamvadiNum, ";
-    case 5: return " [Raga - Technical Information].[Appropriate time], ";
-    default: return "";
+    case 1:
+      return " [Raga - Technical Information].Thata, ";
+    case 2:
+      return " [Raga - Technical Information].Jati, ";
+    case 3:
+      return " [Raga - Technical Information].VadiNum, ";
+    case 4:
+      return " [Raga - Technical Information].SamvadiNum, ";
+    case 5:
+      return " [Raga - Technical Information].[Appropriate time], ";
+    default:
+      return "";
   }
 }
 
