@@ -15,10 +15,11 @@
 #include <filesystem>
 #include <fstream>
 #include <memory>
-#include <unistd.h>
 #include <sstream>
 #include <string>
 #include <vector>
+
+#include <unistd.h>
 
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
@@ -45,6 +46,7 @@ inline std::string readText(const std::string& path) {
 inline std::string openLayoutStore(const std::string& folder) {
   std::vector<nvstore::Row> rows;
   for (const auto& file : std::filesystem::directory_iterator(NADAVIK_SCREENS_DIR)) {
+    if (file.path().extension() != ".screen") continue;
     auto layout = nvstore::readScreenFile(file.path().string());
     if (!layout.errors.empty()) return layout.errors.front().text();
     rows.insert(rows.end(), layout.rows.begin(), layout.rows.end());
