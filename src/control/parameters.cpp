@@ -11,6 +11,7 @@
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "store/lookups.h"
 #include "store/positioning.h"
 
 namespace {
@@ -28,14 +29,6 @@ struct ParameterRule {
 };
 
 std::int16_t asInt16(double v) { return static_cast<std::int16_t>(v); }
-
-std::string musicSetName(std::int16_t setId) {
-  auto specs = gDbB->openRecordset("Scale Shift Specs", RecordsetType::Table);
-  sSetTablePKRecord(*specs, Value(static_cast<int>(setId)));
-  std::string name = specs->noMatch() ? "" : specs->field("NPSetName").asText();
-  specs->close();
-  return name;
-}
 
 void readParameter(platform::Recordset& rs, const ParameterRule& rule) {
   sSetTablePKRecord(rs, Value(rule.name));
@@ -95,7 +88,7 @@ void sSetDefaultOptions() {
        [] { return double(gCurrTonicNoteId); },
        [](double v) {
          gCurrMusicSetId = asInt16(v);
-         if (gCurrMusicSetId > 12) gCurrMusicSetName = musicSetName(gCurrMusicSetId);
+         if (gCurrMusicSetId > 12) gCurrMusicSetName = fGetMusicSetName(gCurrMusicSetId);
        }},
       {"KeyboardDisplay", constant(1), constant(1), [](double v) { gKeyboardDisplay = asInt16(v); }},
       {"FormL", constant(screenW * 0.05), constant(screenW * 0.05), [](double v) { gFormL = float(v); }},

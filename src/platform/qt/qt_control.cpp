@@ -148,6 +148,7 @@ void QtControl::create(QWidget* parent, QMenu* parentMenu, QButtonGroup* optionG
       timer_->setInterval(def_.interval);
       timer_->setTimerType(Qt::PreciseTimer);
       QObject::connect(timer_, &QTimer::timeout, [this] { fire(EventKind::Timer); });
+      if (def_.enabled && def_.interval > 0) timer_->start();
       return;
     case ControlKind::MediaControl:
       device_ = qtWindowSystem().createAudioDevice();
