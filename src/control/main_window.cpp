@@ -81,8 +81,12 @@ void sBindNadavikEvents(platform::Screen& s) {
   sBindTraceMenuEvents(s);
 }
 
-// The opening screen's description in Text1 comes with its definition.
+// The opening screen's description in Text1 comes with its definition; its
+// picture is the one the main window opens with.
 void sBindOpeningScreenEvents(platform::Screen& s) {
+  s.on("", EventKind::Load, [&s](const Event&) {
+    s.control("Picture1").setPicture(gAppPath + "/nv6.jpg");
+  });
   s.on("OKButton", EventKind::Click, [&s](const Event&) {
     gOpeningOk = 1;
     s.unload();

@@ -150,17 +150,7 @@ void QtControl::create(QWidget* parent, QMenu* parentMenu, QButtonGroup* optionG
       QObject::connect(timer_, &QTimer::timeout, [this] { fire(EventKind::Timer); });
       if (def_.enabled && def_.interval > 0) timer_->start();
       return;
-    case ControlKind::MediaControl:
-      device_ = qtWindowSystem().createAudioDevice();
-      if (device_) {
-        device_->onDone = [this](int code) {
-          Event ev;
-          ev.notifyCode = code;
-          fire(EventKind::Done, ev);
-        };
-        device_->onStatus = [this] { fire(EventKind::Status); };
-      }
-      return;
+    case ControlKind::MediaControl:  // the device is opened on first use
     case ControlKind::SysInfo:
       return;
     default:
@@ -870,8 +860,20 @@ int QtControl::osPlatform() const {
   return 2;
 }
 
+// The audio device is made when the logic first uses the media control, so
+// that a screen that never plays never opens the sound output.
 AudioDevice& QtControl::device() {
-  if (def_.kind != ControlKind::MediaControl || !device_) unsupported("device");
+  if (def_.kind != ControlKind::MediaControl) unsupported("device");
+  if (!device_) {
+    device_ = qtWindowSystem().createAudioDevice();
+    if (!device_) throw ProgramError("No audio device for '" + def_.name + "'");
+    device_->onDone = [this](int code) {
+      Event ev;
+      ev.notifyCode = code;
+      fire(EventKind::Done, ev);
+    };
+    device_->onStatus = [this] { fire(EventKind::Status); };
+  }
   return *device_;
 }
 
