@@ -28,7 +28,8 @@ namespace {
 // sets declared. Removed when the benchmark ends.
 class BenchStore {
  public:
-  BenchStore() : dir_(fs::temp_directory_path() / ("nadavik-sound-bench-" + std::to_string(::getpid()))) {
+  BenchStore()
+      : dir_(fs::temp_directory_path() / ("nadavik-sound-bench-" + std::to_string(::getpid()))) {
     fs::remove_all(dir_);
     fs::create_directories(dir_);
     fs::copy_file(NADAVIK_BENCH_LIBRARY_STORE, dir_ / "mrA.nvy");

@@ -10,8 +10,8 @@
 #include "control/messages.h"
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/positioning.h"
 #include "sound/step_result.h"
+#include "store/positioning.h"
 #include "store/queries.h"
 #include "tonvex/tonvex.h"
 

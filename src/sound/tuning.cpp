@@ -56,7 +56,8 @@ void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setNa
   auto specs = gDbA->openRecordset("Note Specifications", platform::RecordsetType::Table);
   auto ratioSets = gDbA->openRecordset("ONPRSets", platform::RecordsetType::Table);
   const std::optional<float> refSpc = recordedSpc(*specs, gMainSetName, spec.RefNote);
-  sSetTablePKRecord2(*ratioSets, spec.RefNote - 9, static_cast<int>(instrumentType));
+  sSetTablePKRecord2(*ratioSets, spec.RefNote - kMiddleSaAboveTonic,
+                     static_cast<int>(instrumentType));
   if (refSpc && !ratioSets->noMatch()) {
     OnprRow ratios{};
     RecordedSpcs ownSpcs{};

@@ -31,14 +31,19 @@ TEST_F(LibrarySetupTest, EachStartFailureShowsItsMessageAndStops) {
     Messages messages;
   } rows[] = {
       {"no set names", [] { gSynthNames = ""; }, {"Error in Setting GlobalVariables"}},
-      {"main set not declared", [] { gMainSetName = std::string("x"); }, {"Error in Setting Instrument Name"}},
-      {"drone cannot be built", [] { gCurrDroneType = 9; },
+      {"main set not declared",
+       [] { gMainSetName = std::string("x"); },
+       {"Error in Setting Instrument Name"}},
+      {"drone cannot be built",
+       [] { gCurrDroneType = 9; },
        {"Error in FWavLoadDroneData", "Error building Drone Data", "Error in Creating Note Seeds"}},
-      {"kit file missing", [] { gInstrLibFiles[3] = gDataPath + "/none.nvy"; },
+      {"kit file missing",
+       [] { gInstrLibFiles[3] = gDataPath + "/none.nvy"; },
        {"Error in Loading Theka Data"}},
       {"theka instrument 0", [] { gThekaInstrument = 0; }, {"Error in Loading Theka Data"}},
       {"theka instrument 6", [] { gThekaInstrument = 6; }, {"Error in Loading Theka Data"}},
-      {"theka instrument without a file", [] { gThekaInstrument = 2; },
+      {"theka instrument without a file",
+       [] { gThekaInstrument = 2; },
        {"Error in Loading Theka Data"}},
   };
   for (const Row& r : rows) {

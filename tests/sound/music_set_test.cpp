@@ -16,14 +16,16 @@ namespace {
 using MusicSetTest = SoundStoreTest;
 using Messages = std::vector<std::string>;
 
+// Damage to the library store: a seed period the library refuses, and a
+// correction no seed can be stretched to.
 const char* const kBadMainSeed =
-    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'c' AND "Note Id" = 7;)";
+    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'c' AND "Note Id" = 7)";
 const char* const kBadDroneSeed =
-    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'e' AND "Note Id" = 20;)";
+    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'e' AND "Note Id" = 9)";
 const char* const kBadMainCorrection =
-    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 1;)";
+    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 1)";
 const char* const kBadDroneCorrection =
-    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 2;)";
+    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 2)";
 
 struct FailureCase {
   const char* what;
@@ -42,7 +44,7 @@ const FailureCase kFailures[] = {
     {"drone set undeclared", nullptr, [] { gDroneSetName = std::string("z"); },
      {"Error Freeing Note Seeds Memory", "Error loading Drone Note Seeds"}},
     {"drone seed damaged", kBadDroneSeed, nullptr,
-     {"Error Loading Seed Data For e20", "Error loading Drone Note Seeds"}},
+     {"Error Loading Seed Data For e9", "Error loading Drone Note Seeds"}},
     {"drone correction refused", kBadDroneCorrection, nullptr,
      {"Error adjusting SPC", "Error adjusting Drone Note Seeds"}},
     {"drone type unknown", nullptr, [] { gCurrDroneType = 9; },
@@ -76,7 +78,8 @@ TEST_F(MusicSetTest, UserSetComesFromTheUserStoreWithItsTonic) {
 
 TEST_F(MusicSetTest, SetTwelveIsReadFromTheLibraryStore) {
   // A row 12 in the user store must not be the one read.
-  gDbB->execute(R"(INSERT INTO "ONPR" ("NPSetId", "InstrumentType", "TonicNoteId") VALUES (12, 1, 5);)");
+  gDbB->execute(
+      R"(INSERT INTO "ONPR" ("NPSetId", "InstrumentType", "TonicNoteId") VALUES (12, 1, 5))");
   gCurrMusicSetId = 12;
   ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
   EXPECT_EQ(gCurrTonicNoteId, 12);
@@ -95,13 +98,6 @@ TEST_F(MusicSetTest, ScaleInfoNamesTheSetAndItsTonic) {
   gCurrMusicSetName = "Test Scale";
   EXPECT_EQ(fGetScaleInfo(),
             "Using User-defined scale 'Test Scale' with White-4 (F) as nominal 'sA' (Tonic Note)");
-}
-
-TEST_F(MusicSetTest, RebuildWithTheCurrentShiftSucceeds) {
-  gScaleShiftSpec = {12, 318.0f, 316.0f};
-  EXPECT_EQ(fAdjustScaleNotesToCurrentSetting(gCurrMusicSetId), 1);
-  EXPECT_TRUE(messageTexts().empty());
-  EXPECT_NE(gMainAdjust[12], 0.0f);
 }
 
 TEST_F(MusicSetTest, RebuildGoesOnPastEachFailure) {

@@ -10,6 +10,7 @@
 
 #include "control/session.h"
 #include "platform/store.h"
+#include "sound/onpr_rows.h"
 #include "sound/sound_state.h"
 #include "store/queries.h"
 #include "tonvex/tonvex.h"
@@ -165,12 +166,7 @@ OnprRow SoundStoreTest::libraryOnpr(int setId, int instrumentType) const {
   rs->setIndex("PrimaryKey");
   rs->seek("=", {setId, instrumentType});
   OnprRow row{};
-  for (int i = 0; i < kOnprColumns && !rs->noMatch(); ++i) {
-    char name[4];
-    std::snprintf(name, sizeof name, "%02d", i);
-    row[i] = float(rs->field(name).asDouble());
-  }
-  rs->close();
+  for (std::int16_t i = 0; i < kOnprColumns && !rs->noMatch(); ++i) row[i] = fGetSPCFactor(*rs, i);
   return row;
 }
 

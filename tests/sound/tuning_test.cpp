@@ -63,23 +63,14 @@ TEST_F(TuningTest, TheDroneSetSoundsItsUpperSlotsAnOctaveLower) {
   EXPECT_NEAR(fCents(fMeasureRenderedNoteHz(31, saHz * 1.5, file("n.wav")), saHz * 1.5), 0.0, 2.0);
 }
 
+// The rebuild loads the music set, tuned, and then retunes it to the shift:
+// the notes must not carry both tunings.
 TEST_F(TuningTest, AShiftedScaleKeepsItsRatiosToTheNewSa) {
-  ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
   const float baseSpc = float(recordedSpc("c", 12));
-  ASSERT_EQ(fApplyScaleShift({12, baseSpc, baseSpc - 4.0f}), 1);
+  gScaleShiftSpec = {12, baseSpc, baseSpc - 4.0f};
+  ASSERT_EQ(fAdjustScaleNotesToCurrentSetting(gCurrMusicSetId), 1);
   EXPECT_TRUE(messageTexts().empty());
   expectJustScale(*this, 12, tonvex::kSampleRate / (baseSpc - 4.0f));
-}
-
-TEST_F(TuningTest, ReloadingANoteAndTuningItFromItsRecordedValueNeverAddsUp) {
-  ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
-  const double targetHz = tonvex::kSampleRate / recordedSpc("c", 12) * 5.0 / 4;
-  const double delta = tonvex::kSampleRate / targetHz - recordedSpc("c", 16);
-  for (int round = 0; round < 2; ++round) {
-    ASSERT_EQ(fLoadIndividualNoteSeed("c", 16), 1);
-    ASSERT_EQ(FWavTuneNote("c", 16, delta), 1);
-  }
-  EXPECT_NEAR(fCents(fMeasureRenderedNoteHz(16, targetHz, file("n.wav")), targetHz), 0.0, 2.0);
 }
 
 // The ratio tuning with no shift reproduces the stored corrections of the
@@ -100,20 +91,6 @@ TEST_F(TuningTest, NoShiftGivesTheBuiltInCorrections) {
   // The drone's Sa slot takes the main set's Sa period as it stands.
   EXPECT_NEAR(gDroneAdjust[24], 0.0f, 2e-3);
   EXPECT_EQ(gNoteAdjust, gDroneAdjust);
-}
-
-TEST_F(TuningTest, SavedVectorsCopyNotesUpToForty) {
-  for (int n = 0; n < kNoteAdjustSize; ++n) gNoteAdjust[n] = float(n);
-  gMainAdjust.fill(-1.0f);
-  gDroneAdjust.fill(-1.0f);
-  sSaveAdjustments(1);
-  EXPECT_EQ(gMainAdjust[40], 40.0f);
-  EXPECT_EQ(gMainAdjust[41], -1.0f);
-  EXPECT_EQ(gDroneAdjust[0], -1.0f);
-  sSaveAdjustments(2);
-  EXPECT_EQ(gDroneAdjust[17], 17.0f);
-  sSaveAdjustments(3);  // no such kind: nothing moves
-  EXPECT_EQ(gMainAdjust[41], -1.0f);
 }
 
 TEST_F(TuningTest, ATuningTheLibraryRefusesEndsWithItsMessage) {
@@ -140,14 +117,6 @@ TEST_F(TuningTest, AtTonicTwelveTheColumnsAboveFortyAreIgnored) {
   EXPECT_EQ(gNoteAdjust[41], 0.0f);
   EXPECT_NE(gNoteAdjust[40], 0.0f);
   ASSERT_EQ(fApplyScaleShift({21, float(recordedSpc("c", 21)), float(recordedSpc("c", 21))}), 1);
-  EXPECT_TRUE(messageTexts().empty());
-}
-
-TEST_F(TuningTest, AMissingRatioRowTunesNothing) {
-  ASSERT_EQ(fLoadNoteSeeds("c"), 1);
-  gNoteAdjust.fill(9.0f);
-  sAdjustNotesForFreqRat({30, 100.0f, 100.0f}, "c", 1);  // tonic 21 has no row
-  for (float d : gNoteAdjust) EXPECT_EQ(d, 0.0f);
   EXPECT_TRUE(messageTexts().empty());
 }
 
