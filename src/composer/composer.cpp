@@ -8,6 +8,8 @@
 #include "control/trace_menu.h"
 #include "platform/screen.h"
 
+std::int16_t gCompListMode = 1;
+
 // Enters the screen with the current screen as its parent and sets the
 // check marks of its menus from the session.
 void sInitComposer() {

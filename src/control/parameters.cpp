@@ -8,6 +8,7 @@
 #include "control/screen_manager.h"
 #include "control/session.h"
 #include "control/startup.h"
+#include "keyboard/reeds.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
 #include "platform/store.h"
@@ -77,6 +78,8 @@ std::string fNumberText(double value) {
 void sSetDefaultOptions() {
   NV_PROC("sSetDefaultOptions");
   sInitScales();
+  sInitReedsDisplayedData();
+  sInitReedColorType();
   setPlainDefaults();
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
   auto constant = [](double v) { return [v] { return v; }; };

@@ -1,21 +1,18 @@
 // Look-ups of ragas, talas, phrases, items and prompts. Keeps no state.
 #include "store/lookups.h"
 
+#include "composer/composer.h"
 #include "control/errors.h"
+#include "control/screen_manager.h"
 #include "control/session.h"
 #include "notation/tokenizer.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "sound/drone.h"
 #include "store/positioning.h"
 #include "store/queries.h"
 #include "store/query_open.h"
 
-// The composer's list mode (1 items with a notation, 2 without), owned by
-// the composer.
-extern std::int16_t gCompListMode;
-// Loads the drone of gCurrRagaId when it differs from the one in use; owned
-// by the drone.
-void sAdjustDroneType(platform::Recordset& recordset);
 
 namespace {
 
@@ -24,7 +21,14 @@ using platform::Value;
 
 constexpr std::int16_t kTrue = -1;
 constexpr std::int16_t kFalse = 0;
-constexpr int kFormComposer = 15;  // the one screen that lists every item
+
+// The run time's fault for using a store that is not open.
+constexpr long kErrObjectNotSet = 91;
+
+platform::Database& openStore(const std::unique_ptr<platform::Database>& store) {
+  if (!store) sRaiseError(kErrObjectNotSet, "Object variable or With block variable not set");
+  return *store;
+}
 
 enum PhraseType { kAlap = 1, kLayakari = 2, kTaan = 3 };
 enum AddInfoType { kSimilarRaga = 1, kComposition = 2, kFilmSong = 3 };
@@ -72,7 +76,7 @@ std::int16_t countRows(platform::Recordset& rs) {
 
 std::int16_t fGetRagaId(const std::string& name) {
   NV_PROC("fGetRagaId");
-  auto rs = openTable(*gDbA, "RagaNameList");
+  auto rs = openTable(openStore(gDbA), "RagaNameList");
   sSetTablePKRecord(*rs, name);
   if (rs->noMatch()) return 0;
   return static_cast<std::int16_t>(rs->field("Raga Index").asInteger());
@@ -80,7 +84,7 @@ std::int16_t fGetRagaId(const std::string& name) {
 
 std::string fGetRagaName(std::int16_t ragaId) {
   NV_PROC("fGetRagaName");
-  auto rs = openTable(*gDbA, "RagaNameList");
+  auto rs = openTable(openStore(gDbA), "RagaNameList");
   sSetTableIndexRecord(*rs, "RagaIndex", ragaId);
   if (rs->noMatch()) return "";
   return rs->field("Raga").asText();
@@ -88,35 +92,35 @@ std::string fGetRagaName(std::int16_t ragaId) {
 
 std::int16_t fGetRagaLevel(const std::string& name) {
   NV_PROC("fGetRagaLevel");
-  auto rs = openTable(*gDbA, "RagaNameList");
+  auto rs = openTable(openStore(gDbA), "RagaNameList");
   sSetTablePKRecord(*rs, name);
   return static_cast<std::int16_t>(rs->field("Level").asInteger());
 }
 
 std::int16_t fGetTalaId(const std::string& name) {
   NV_PROC("fGetTalaId");
-  auto rs = openTable(*gDbA, "Tala - Technical Information");
+  auto rs = openTable(openStore(gDbA), "Tala - Technical Information");
   sSetTableIndexRecord(*rs, "TalaByName", name);
   return static_cast<std::int16_t>(rs->field("Tala Id").asInteger());
 }
 
 std::string fGetTalaName(std::int16_t talaId) {
   NV_PROC("fGetTalaName");
-  auto rs = openTable(*gDbA, "Tala - Technical Information");
+  auto rs = openTable(openStore(gDbA), "Tala - Technical Information");
   sSetTablePKRecord(*rs, talaId);
   return rs->field("Tala Name").asText();
 }
 
 std::string fGetMusicSetName(std::int16_t setId) {
   NV_PROC("fGetMusicSetName");
-  auto rs = openTable(*gDbB, "Scale Shift Specs");
+  auto rs = openTable(openStore(gDbB), "Scale Shift Specs");
   sSetTablePKRecord(*rs, setId);
   return rs->field("NPSetName").asText();
 }
 
 std::int32_t fGetNextUserCompositionIndex() {
   NV_PROC("fGetNextUserCompositionIndex");
-  auto rs = openTable(*gDbB, "Raga - Additional Information");
+  auto rs = openTable(openStore(gDbB), "Raga - Additional Information");
   return static_cast<std::int32_t>(rs->recordCount()) + 1;
 }
 
@@ -168,13 +172,13 @@ std::int16_t fTaanCount(std::int16_t ragaId, std::int16_t store) {
 std::int16_t fAddInfoCount(std::int16_t type) {
   NV_PROC("fAddInfoCount");
   sPatchSQLStr5(type);
-  auto rs = fOpenQuery(*gDbA, gSQLStr5);
+  auto rs = fOpenQuery(openStore(gDbA), gSQLStr5);
   return rs ? countRows(*rs) : 0;
 }
 
 std::string fGetPrompts(const std::string& numbers) {
   NV_PROC("fGetPrompts");
-  auto rs = openTable(*gDbA, "Prompts");
+  auto rs = openTable(openStore(gDbA), "Prompts");
   std::string prompts;
   bool first = true;
   for (const std::string& number : fSplitWords(numbers, ",")) {
@@ -189,13 +193,16 @@ std::string fGetPrompts(const std::string& numbers) {
 std::int16_t fLoadList(platform::Control& listControl, std::int16_t type) {
   NV_PROC("fLoadList");
   listControl.clear();
-  if (gCurrFormId != kFormComposer && gCompListMode == 1)
+  // The raga summary lists every item; elsewhere the composer's list mode
+  // picks the items with a notation (1) or without one (2). Any other mode
+  // lists every item too.
+  if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 1)
     sPatchSQLStr5ForExi(type);
-  else if (gCurrFormId != kFormComposer && gCompListMode == 2)
+  else if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 2)
     sPatchSQLStr5ForNew(type);
   else
     sPatchSQLStr5(type);
-  auto rs = fOpenQuery(*gDbA, gSQLStr5);
+  auto rs = fOpenQuery(openStore(gDbA), gSQLStr5);
   if (!rs) return 0;
   std::int16_t count = countRows(*rs);
   for (; !rs->eof(); rs->moveNext()) listControl.addItem(rs->field("Add Info").asText());
@@ -205,7 +212,7 @@ std::int16_t fLoadList(platform::Control& listControl, std::int16_t type) {
 void sLoadRagaList(platform::Screen& screen) {
   NV_PROC("sLoadRagaList");
   sPatchSQLStr13(7);  // above every group: all ragas
-  auto rs = fOpenQuery(*gDbA, gSQLStr13);
+  auto rs = fOpenQuery(openStore(gDbA), gSQLStr13);
   if (!rs) return;
   platform::Control& list = screen.control("cRagaList");
   for (; !rs->eof(); rs->moveNext()) list.addItem(rs->field("Raga").asText());
@@ -213,7 +220,7 @@ void sLoadRagaList(platform::Screen& screen) {
 
 std::int16_t fGetSeqRagaId(std::int16_t n) {
   NV_PROC("fGetSeqRagaId");
-  auto rs = openTable(*gDbA, "Raga - Technical Information");
+  auto rs = openTable(openStore(gDbA), "Raga - Technical Information");
   if (n < 1) return 0;
   for (std::int16_t row = 1; row < n && !rs->eof(); ++row) rs->moveNext();
   if (rs->eof()) return 0;

@@ -53,8 +53,9 @@ std::int16_t fAddInfoCount(std::int16_t type);
 std::string fGetPrompts(const std::string& numbers);
 
 // Clears the list and fills it with the items of `type` of gCurrRagaId
-// (on the composer only those with or without a notation, by
-// gCompListMode); answers their count.
+// in the library store; answers their count. The raga summary screen lists
+// them all; elsewhere gCompListMode 1 keeps those with a notation and 2
+// those without (any other mode lists them all).
 std::int16_t fLoadList(platform::Control& listControl, std::int16_t type);
 
 // Adds every raga with technical data to cRagaList of `screen`, by name.

@@ -7,10 +7,7 @@
 
 #include "control/errors.h"
 #include "control/session.h"
-
-// The range of reeds on show, owned by the keyboard display.
-extern std::int16_t gFirstReed;
-extern std::int16_t gLastReed;
+#include "keyboard/reeds.h"
 
 std::string gSQLStr1, gSQLStr2, gSQLStr3;
 std::string gSQLStr4a, gSQLStr4b, gSQLStr4;
@@ -44,12 +41,18 @@ std::string entry5Head(int type) {
 // The sort column of the raga grid for gSortingMode; "" for 0 or unknown.
 const char* gridSortColumn() {
   switch (gSortingMode) {
-    case 1: return " [Raga - Technical Information].Thata, ";
-    case 2: return " [Raga - Technical Information].Jati, ";
-    case 3: return " [Raga - Technical Information].VadiNum, ";
-    case 4: return " [Raga - Technical Information].SamvadiNum, ";
-    case 5: return " [Raga - Technical Information].[Appropriate time], ";
-    default: return "";
+    case 1:
+      return " [Raga - Technical Information].Thata, ";
+    case 2:
+      return " [Raga - Technical Information].Jati, ";
+    case 3:
+      return " [Raga - Technical Information].VadiNum, ";
+    case 4:
+      return " [Raga - Technical Information].SamvadiNum, ";
+    case 5:
+      return " [Raga - Technical Information].[Appropriate time], ";
+    default:
+      return "";
   }
 }
 

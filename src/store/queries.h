@@ -54,5 +54,5 @@ void sPatchSQLStr11(const std::string& name);
 void sPatchSQLStr12(const std::string& name, int noteId);
 void sPatchSQLStr13(int group);
 void sPatchSQLStr16(int group);
-void sPatchSQLStr19();               // group 3, sorted by gSortingMode
-void sPatchSQLStr24(int colour);     // reeds gFirstReed to gLastReed
+void sPatchSQLStr19();            // group 3, sorted by gSortingMode
+void sPatchSQLStr24(int colour);  // reeds gFirstReed to gLastReed

@@ -4,7 +4,8 @@
 
 #include "control/errors.h"
 
-std::unique_ptr<platform::Recordset> fOpenQuery(platform::Database& store, const std::string& text) {
+std::unique_ptr<platform::Recordset> fOpenQuery(platform::Database& store,
+                                                const std::string& text) {
   try {
     return store.openRecordset(text, platform::RecordsetType::Snapshot);
   } catch (const platform::StoreError& error) {

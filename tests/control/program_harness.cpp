@@ -13,6 +13,7 @@
 #include "notation/devanagari.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/silent_audio.h"
+#include "platform/store.h"
 
 namespace fs = std::filesystem;
 

@@ -8,8 +8,8 @@
 
 #include <cstdio>
 #include <filesystem>
-#include <functional>
 #include <fstream>
+#include <functional>
 #include <iterator>
 #include <limits>
 #include <memory>
@@ -107,12 +107,23 @@ TEST(StoreValue, TextToNumberTakesTheLeadingNumber) {
     double real;
   };
   const Row rows[] = {
-      {"12", 12, 12.0},          {"  -7", -7, -7.0},     {"+7", 7, 7.0},
-      {"12abc", 12, 12.0},       {"3.25 beats", 3, 3.25}, {"2.5", 2, 2.5},
-      {"3.5", 4, 3.5},           {"-3.5x", -4, -3.5},     {".5", 0, 0.5},
-      {"1e3", 1000, 1000.0},     {"1e", 1, 1.0},          {"2E-1", 0, 0.2},
-      {"abc", 0, 0.0},           {"", 0, 0.0},            {"-", 0, 0.0},
-      {".", 0, 0.0},             {"12.", 12, 12.0},
+      {"12", 12, 12.0},
+      {"  -7", -7, -7.0},
+      {"+7", 7, 7.0},
+      {"12abc", 12, 12.0},
+      {"3.25 beats", 3, 3.25},
+      {"2.5", 2, 2.5},
+      {"3.5", 4, 3.5},
+      {"-3.5x", -4, -3.5},
+      {".5", 0, 0.5},
+      {"1e3", 1000, 1000.0},
+      {"1e", 1, 1.0},
+      {"2E-1", 0, 0.2},
+      {"abc", 0, 0.0},
+      {"", 0, 0.0},
+      {"-", 0, 0.0},
+      {".", 0, 0.0},
+      {"12.", 12, 12.0},
       {"9223372036854775807", std::numeric_limits<std::int64_t>::max(), 9.2233720368547758e18},
       {"99999999999999999999", std::numeric_limits<std::int64_t>::max(), 1e20},
   };
@@ -187,9 +198,10 @@ TEST_F(StoreEngine, EmptyFileIsNotAStore) {
 TEST_F(StoreEngine, DamagedPagesAreReportedWhenRead) {
   {
     auto store = open(false);
-    store->execute("CREATE TABLE Big (Id INTEGER PRIMARY KEY, Text TEXT);"
-                   "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500)"
-                   " INSERT INTO Big SELECT i, printf('%0100d', i) FROM n;");
+    store->execute(
+        "CREATE TABLE Big (Id INTEGER PRIMARY KEY, Text TEXT);"
+        "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500)"
+        " INSERT INTO Big SELECT i, printf('%0100d', i) FROM n;");
   }
   {
     // Overwrite everything after the first page (the header and schema stay).
@@ -245,9 +257,11 @@ TEST_F(StoreEngine, SecondProcessIsRefusedWhileTheStoreIsOpen) {
 TEST_F(StoreEngine, TableOrderFollowsTheCurrentIndex) {
   auto store = open(true);
   auto rs = store->openRecordset("RagaNameList", RecordsetType::Table);
-  EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Yaman", "Bhairav", "Kafi", "Todi", "Desh"}));
+  EXPECT_EQ(column(*rs, "Raga"),
+            (std::vector<std::string>{"Yaman", "Bhairav", "Kafi", "Todi", "Desh"}));
   rs->setIndex("PrimaryKey");
-  EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}));
+  EXPECT_EQ(column(*rs, "Raga"),
+            (std::vector<std::string>{"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}));
   rs->setIndex("RagaIndex");
   EXPECT_EQ(column(*rs, "Raga Index"), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
 }
@@ -332,12 +346,15 @@ TEST_F(StoreEngine, MisuseGivesTheErrorNumbersTheTrapKnows) {
       {"query on unknown table",
        [&] { store->openRecordset("SELECT x FROM [No Table];", RecordsetType::Dynaset); }, 3078},
       {"bad query expression",
-       [&] { store->openRecordset("SELECT Raga FROM RagaNameList WHERE ((Level = ;",
-                                  RecordsetType::Dynaset); },
+       [&] {
+         store->openRecordset("SELECT Raga FROM RagaNameList WHERE ((Level = ;",
+                              RecordsetType::Dynaset);
+       },
        3075},
       {"unknown column in query",
-       [&] { store->openRecordset("SELECT [Set Name] FROM RagaNameList;",
-                                  RecordsetType::Dynaset); },
+       [&] {
+         store->openRecordset("SELECT [Set Name] FROM RagaNameList;", RecordsetType::Dynaset);
+       },
        3075},
       {"write on read-only store", [&] { rs->addNew(); }, 3027},
       {"edit on read-only store", [&] { rs->edit(); }, 3027},
@@ -392,10 +409,9 @@ TEST_F(StoreEngine, QueryRecordsetsAreNotWritable) {
   EXPECT_EQ(rs->fieldCount(), 3);
   EXPECT_EQ(errorOf([&] { rs->edit(); }), 3251);
   EXPECT_EQ(errorOf([&] { rs->seek("=", {1}); }), 3251);
-  EXPECT_EQ(errorOf([&] {
-              store->openRecordset("DELETE FROM RagaNameList;", RecordsetType::Dynaset);
-            }),
-            3251);
+  EXPECT_EQ(
+      errorOf([&] { store->openRecordset("DELETE FROM RagaNameList;", RecordsetType::Dynaset); }),
+      3251);
   auto table = store->openRecordset("RagaNameList", RecordsetType::Table);
   EXPECT_EQ(table->recordCount(), 5);
 }
@@ -485,6 +501,18 @@ TEST_F(StoreEngine, DeleteLeavesTheGapAndMoveNextGoesOn) {
   EXPECT_TRUE(rs->eof());
   rs->moveFirst();
   EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Todi"}));
+}
+
+TEST_F(StoreEngine, EditOfARowDeletedElsewhereFails) {
+  auto store = open(false);
+  auto editor = store->openRecordset("RagaNameList", RecordsetType::Table);
+  auto deleter = store->openRecordset("RagaNameList", RecordsetType::Table);
+  editor->edit();  // on Yaman, the first row
+  deleter->remove();
+  editor->setField("Level", Value(2));
+  EXPECT_EQ(errorOf([&] { editor->update(); }), 3021);
+  EXPECT_EQ(errorOf([&] { editor->field("Raga"); }), 3021);
+  EXPECT_EQ(editor->recordCount(), 4);
 }
 
 TEST_F(StoreEngine, RecordCountOfATableFollowsWritesOfOtherRecordsets) {

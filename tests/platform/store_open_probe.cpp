@@ -12,8 +12,8 @@ int main(int argc, char** argv) {
     return 2;
   }
   try {
-    auto store = platform::defaultWorkspace().openDatabase(argv[1], true,
-                                                          std::string(argv[2]) == "ro", "");
+    auto store =
+        platform::defaultWorkspace().openDatabase(argv[1], true, std::string(argv[2]) == "ro", "");
     std::cout << "0\n";
   } catch (const platform::StoreError& error) {
     std::cout << error.number << ' ' << error.what() << '\n';

@@ -1,14 +1,17 @@
 // Look-ups by id and name, the phrase and item tests and counts, prompts,
 // list filling and the sequential raga pick, on small stores.
+#include "store/lookups.h"
+
 #include <gtest/gtest.h>
 
 #include <memory>
 #include <string>
 #include <vector>
 
+#include "control/errors.h"
+#include "control/screen_manager.h"
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/lookups.h"
 #include "store/queries.h"
 #include "store/query_open.h"
 #include "tests/notation/support/fake_screen.h"
@@ -51,7 +54,7 @@ class Lookups : public ::testing::Test {
   void SetUp() override {
     sSetSQLStrings();
     gCurrRagaId = 1;
-    gCurrFormId = 15;
+    gCurrFormId = kFormRagaInfoSummary;
     gCompListMode = 0;
   }
   TestStores stores_;
@@ -81,12 +84,11 @@ TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {
     std::int16_t ragaId, store, answer;
   };
   const Row table[] = {
-      {fHasAlap, 1, 1, -1},         {fHasLayakari, 1, 1, 0},   {fHasTaan, 1, 1, -1},
-      {fHasAlap, 1, 2, 0},          {fHasLayakari, 5, 2, -1},  {fHasAlap, 1, 3, 0},
-      {fHasSimilarRagas, 1, 1, -1}, {fHasSimilarRagas, 2, 1, 0},
-      {fHasCompositions, 1, 2, -1}, {fHasCompositions, 2, 2, 0},
-      {fHasFilmSongs, 1, 1, -1},    {fHasFilmSongs, 3, 1, 0},
-      {fAlapCount, 1, 1, 2},        {fTaanCount, 1, 1, 1},     {fLayakariCount, 5, 2, 3},
+      {fHasAlap, 1, 1, -1},         {fHasLayakari, 1, 1, 0},     {fHasTaan, 1, 1, -1},
+      {fHasAlap, 1, 2, 0},          {fHasLayakari, 5, 2, -1},    {fHasAlap, 1, 3, 0},
+      {fHasSimilarRagas, 1, 1, -1}, {fHasSimilarRagas, 2, 1, 0}, {fHasCompositions, 1, 2, -1},
+      {fHasCompositions, 2, 2, 0},  {fHasFilmSongs, 1, 1, -1},   {fHasFilmSongs, 3, 1, 0},
+      {fAlapCount, 1, 1, 2},        {fTaanCount, 1, 1, 1},       {fLayakariCount, 5, 2, 3},
   };
   for (const Row& row : table)
     EXPECT_EQ(row.lookup(row.ragaId, row.store), row.answer)
@@ -127,10 +129,11 @@ TEST_F(Lookups, ListOfItemsByScreenAndComposerMode) {
     std::int16_t formId, listMode;
     Names items;
   } table[] = {
-      {15, 0, {"Eri Aali", "Man Mohana"}},
-      {15, 1, {"Eri Aali", "Man Mohana"}},
-      {16, 1, {"Eri Aali"}},
-      {16, 2, {"Man Mohana"}},
+      {kFormRagaInfoSummary, 0, {"Eri Aali", "Man Mohana"}},
+      {kFormRagaInfoSummary, 1, {"Eri Aali", "Man Mohana"}},
+      {kFormComposer, 1, {"Eri Aali"}},
+      {kFormComposer, 2, {"Man Mohana"}},
+      {kFormComposer, 0, {"Eri Aali", "Man Mohana"}},
   };
   for (const auto& row : table) {
     gCurrFormId = row.formId;
@@ -151,8 +154,7 @@ TEST_F(Lookups, ListOfItemsByScreenAndComposerMode) {
 TEST_F(Lookups, RagaListHoldsEveryRagaWithTechnicalData) {
   RagaListScreen screen;
   sLoadRagaList(screen);
-  EXPECT_EQ(screen.list.items,
-            (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
+  EXPECT_EQ(screen.list.items, (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
 }
 
 TEST_F(Lookups, SequentialRagaPick) {
@@ -165,6 +167,17 @@ TEST_F(Lookups, SequentialRagaPick) {
   EXPECT_EQ(fGetSeqRagaId(0), 0);
   EXPECT_EQ(gCurrRagaId, 6);
   EXPECT_EQ(gTestDroneAdjustments, 2);
+}
+
+TEST_F(Lookups, StoreNotOpenIsAFatalFault) {
+  auto library = std::move(gDbA);
+  try {
+    fGetRagaName(1);
+    ADD_FAILURE() << "no fault";
+  } catch (const ErrorTrap& trap) {
+    EXPECT_EQ(trap.number, 91);
+  }
+  gDbA = std::move(library);
 }
 
 TEST_F(Lookups, QueryThatCannotBeEvaluatedIsForgiven) {

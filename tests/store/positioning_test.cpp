@@ -1,9 +1,10 @@
 // Record positioning helpers and the store selector, on small stores.
+#include "store/positioning.h"
+
 #include <gtest/gtest.h>
 
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/positioning.h"
 #include "tests/store/test_support.h"
 
 namespace {

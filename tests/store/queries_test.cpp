@@ -1,6 +1,8 @@
 // Runs every text of the query catalogue on small stores and checks the
 // rows it selects and their order, the sort modes of the raga grid, and the
 // texts that are built but never run.
+#include "store/queries.h"
+
 #include <gtest/gtest.h>
 
 #include <algorithm>
@@ -9,7 +11,6 @@
 
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/queries.h"
 #include "tests/store/test_support.h"
 
 namespace {
@@ -143,8 +144,7 @@ TEST_F(QueryCatalogue, ReedsOfARangeWithAColour) {
   gFirstReed = 1;
   gLastReed = 12;
   sPatchSQLStr24(1);
-  EXPECT_EQ(rows(*gDbA, gSQLStr24, "Reed Number"),
-            (Names{"1", "3", "5", "6", "8", "10", "12"}));
+  EXPECT_EQ(rows(*gDbA, gSQLStr24, "Reed Number"), (Names{"1", "3", "5", "6", "8", "10", "12"}));
 }
 
 TEST_F(QueryCatalogue, RagaGridSortModes) {

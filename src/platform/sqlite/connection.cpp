@@ -8,6 +8,7 @@
 #include <cctype>
 
 #include "platform/sqlite/sqlite_errors.h"
+#include "platform/sqlite/table_order.h"
 
 namespace platform::sqlite {
 namespace {
@@ -80,6 +81,7 @@ void Connection::close() {
   sqlite3_close(handle_);
   handle_ = nullptr;
   tables_.clear();
+  orders_.clear();
   // Only now: closing our descriptor earlier could drop SQLite's own locks.
   lock_.release();
 }
@@ -122,8 +124,8 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   }
   std::vector<std::pair<std::int64_t, std::string>> keyParts;
   {
-    StatementRun run(handle(), statement("SELECT name, pk FROM pragma_table_info(?1) ORDER BY cid;"),
-                     name);
+    StatementRun run(handle(),
+                     statement("SELECT name, pk FROM pragma_table_info(?1) ORDER BY cid;"), name);
     run.bind(1, info->name);
     while (run.step()) {
       info->columns.push_back(textColumn(run, 0));
@@ -135,8 +137,8 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   // rowid itself has no such index and compares as BINARY.
   std::string keyIndex;
   {
-    StatementRun run(handle(),
-                     statement("SELECT name FROM pragma_index_list(?1) WHERE origin = 'pk';"), name);
+    StatementRun run(
+        handle(), statement("SELECT name FROM pragma_index_list(?1) WHERE origin = 'pk';"), name);
     run.bind(1, info->name);
     if (run.step()) keyIndex = textColumn(run, 0);
   }
@@ -148,6 +150,18 @@ std::shared_ptr<const TableInfo> Connection::table(const std::string& name) {
   }
   tables_.emplace(key, info);
   return info;
+}
+
+std::shared_ptr<const TableOrder> Connection::order(const TableInfo& table,
+                                                    const std::string& indexName) {
+  std::string key = lowerCase(table.name) + '\t' + lowerCase(indexName);
+  auto found = orders_.find(key);
+  if (found != orders_.end()) return found->second;
+  std::vector<KeyColumn> keys;
+  if (!indexName.empty()) keys = indexColumns(table, indexName);
+  auto built = std::make_shared<const TableOrder>(fBuildTableOrder(table, std::move(keys)));
+  orders_.emplace(key, built);
+  return built;
 }
 
 std::vector<KeyColumn> Connection::indexColumns(const TableInfo& table,
@@ -191,6 +205,7 @@ void Connection::execute(const std::string& sql) {
   sqlite3_free(message);
   // The statement may have changed tables and indexes.
   tables_.clear();
+  orders_.clear();
   finalizeStatements();
   noteChange();
   if (rc != SQLITE_OK) sThrowSqlite(handle_, rc, sql);

@@ -5,7 +5,7 @@
 // its store was closed fails cleanly (3420) instead of touching a dead
 // handle. No statement stays active between calls: each use binds, steps,
 // copies and resets, so every write commits at once.
-// State: the handle, the file hold, the statement and table caches, and a
+// State: the handle, the file hold, the statement, table and order caches, and a
 // count of writes that lets recordsets notice changes made by others.
 #pragma once
 
@@ -36,6 +36,8 @@ struct TableInfo {
   std::vector<KeyColumn> primaryKey;
 };
 
+struct TableOrder;  // table_order.h
+
 class Connection {
  public:
   // Opens and checks the file; throws StoreError and leaves the file as it
@@ -56,9 +58,10 @@ class Connection {
   sqlite3_stmt* statement(const std::string& sql);
   // The table `name` (case-insensitive); 3078 when there is none.
   std::shared_ptr<const TableInfo> table(const std::string& name);
-  // Key columns of the index `indexName` of `table`; "PrimaryKey" is the
-  // primary key. 3015 when the table has no such index.
-  std::vector<KeyColumn> indexColumns(const TableInfo& table, const std::string& indexName);
+  // The statement texts that walk `table` in the order of the index
+  // `indexName` ("PrimaryKey" is the primary key, "" the rowid order).
+  // 3015 when the table has no such index.
+  std::shared_ptr<const TableOrder> order(const TableInfo& table, const std::string& indexName);
 
   void execute(const std::string& sql);
   // Counts the writes made through this connection.
@@ -66,6 +69,7 @@ class Connection {
   void noteChange() { ++changeCount_; }
 
  private:
+  std::vector<KeyColumn> indexColumns(const TableInfo& table, const std::string& indexName);
   std::vector<KeyColumn> keyColumnsOfIndex(const std::string& indexName, const std::string& table);
   void finalizeStatements();
 
@@ -75,6 +79,8 @@ class Connection {
   sqlite3* handle_ = nullptr;
   std::unordered_map<std::string, sqlite3_stmt*> statements_;
   std::map<std::string, std::shared_ptr<const TableInfo>> tables_;  // by lower-case name
+  // By lower-case table name, a tab, and lower-case index name.
+  std::map<std::string, std::shared_ptr<const TableOrder>> orders_;
   std::uint64_t changeCount_ = 0;
 };
 
@@ -88,7 +94,7 @@ class StatementRun {
   StatementRun& operator=(const StatementRun&) = delete;
 
   void bind(int position, const Value& value);  // position from 1
-  bool step();                                   // true while a row is there
+  bool step();                                  // true while a row is there
   int columnCount() const;
   Value column(int i) const;
 

@@ -46,8 +46,8 @@ void SqliteWorkspace::createDatabase(const std::string& path, const std::string&
   if (rc == SQLITE_OK) std::filesystem::rename(temporary, path, ec);
   if (rc != SQLITE_OK || ec) {
     std::filesystem::remove(temporary, ec);
-    throw StoreError(3051, "Cannot create the store file '" + path + "': " +
-                               (rc != SQLITE_OK ? message : ec.message()) + ".");
+    throw StoreError(3051, "Cannot create the store file '" + path +
+                               "': " + (rc != SQLITE_OK ? message : ec.message()) + ".");
   }
 }
 

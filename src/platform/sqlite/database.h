@@ -15,8 +15,7 @@ class SqliteDatabase : public Database {
   SqliteDatabase(const std::string& path, bool exclusive, bool readOnly);
   ~SqliteDatabase() override;
 
-  std::unique_ptr<Recordset> openRecordset(const std::string& source,
-                                           RecordsetType type) override;
+  std::unique_ptr<Recordset> openRecordset(const std::string& source, RecordsetType type) override;
   void execute(const std::string& sql) override;
   bool isReadOnly() const override { return connection_->readOnly(); }
   const std::string& path() const override { return connection_->path(); }

@@ -8,92 +8,26 @@ namespace {
 
 [[noreturn]] void throwNoCurrentRecord() { throw StoreError(3021, "No current record."); }
 
-// A key column as the index compares it. BINARY is left unsaid: SQLite
-// would not search the index for a term that names it.
-std::string keyTerm(const KeyColumn& key) {
-  if (fSameName(key.collation, "BINARY")) return fQuoteName(key.name);
-  return fQuoteName(key.name) + " COLLATE " + key.collation;
-}
-
-std::string orderClause(const std::vector<KeyColumn>& index, bool reverse) {
-  std::string clause = " ORDER BY ";
-  for (const KeyColumn& key : index)
-    clause += keyTerm(key) + (key.descending != reverse ? " DESC, " : ", ");
-  return clause + (reverse ? "rowid DESC" : "rowid");
-}
-
-// "Comes after (?1, ?2, ..., rowid ?n+1) in index order" as a row-value
-// comparison, which the index serves; right only for ascending keys and
-// key values that are not Null.
-std::string afterKeys(const std::vector<KeyColumn>& index) {
-  if (index.empty()) return "rowid > ?1";
-  std::string terms, slots;
-  for (std::size_t i = 0; i < index.size(); ++i) {
-    terms += keyTerm(index[i]) + ", ";
-    slots += "?" + std::to_string(i + 1) + ", ";
-  }
-  return "(" + terms + "rowid) > (" + slots + "?" + std::to_string(index.size() + 1) + ")";
-}
-
-// The same test spelt out column by column, where Null sorts before every
-// value and a DESC column reverses its comparison.
-std::string afterKeysNullSafe(const std::vector<KeyColumn>& index) {
-  std::string test = "rowid > ?" + std::to_string(index.size() + 1);
-  for (std::size_t i = index.size(); i-- > 0;) {
-    std::string column = keyTerm(index[i]);
-    std::string slot = "?" + std::to_string(i + 1);
-    std::string beyond =
-        index[i].descending
-            ? "(" + column + " < " + slot + " OR (" + column + " IS NULL AND " + slot +
-                  " IS NOT NULL))"
-            : "(" + column + " > " + slot + " OR (" + slot + " IS NULL AND " + column +
-                  " IS NOT NULL))";
-    test = "(" + beyond + " OR (" + column + " IS " + slot + " AND " + test + "))";
-  }
-  return test;
-}
-
 }  // namespace
 
-TableRecordset::TableRecordset(std::shared_ptr<Connection> connection,
-                               const std::string& tableName)
+TableRecordset::TableRecordset(std::shared_ptr<Connection> connection, const std::string& tableName)
     : connection_(std::move(connection)) {
   table_ = connection_->table(tableName);
-  selectRow_ = "SELECT rowid, * FROM " + fQuoteName(table_->name);
-  chooseOrder({});
-}
-
-void TableRecordset::chooseOrder(std::vector<KeyColumn> index) {
-  index_ = std::move(index);
-  indexFields_.clear();
-  descendingIndex_ = false;
-  for (const KeyColumn& key : index_) {
-    indexFields_.push_back(columnIndex(key.name));
-    descendingIndex_ = descendingIndex_ || key.descending;
-  }
-  orderBy_ = orderClause(index_, false);
-  reverseOrderBy_ = orderClause(index_, true);
-  nextRow_ = selectRow_ + " WHERE " + afterKeys(index_) + orderBy_ + " LIMIT 1";
-  nextRowNullSafe_ = selectRow_ + " WHERE " + afterKeysNullSafe(index_) + orderBy_ + " LIMIT 1";
-  seekRow_.clear();
-  std::string equalKeys;
-  for (std::size_t i = 0; i < index_.size(); ++i) {
-    equalKeys += (i ? " AND " : "") + keyTerm(index_[i]) + " = ?" + std::to_string(i + 1);
-    seekRow_.push_back(selectRow_ + " WHERE " + equalKeys + orderBy_ + " LIMIT 1");
-  }
+  order_ = connection_->order(*table_, "");
   moveToEnd(false);
 }
 
 Connection& TableRecordset::connection() const {
   if (!connection_ || !connection_->isOpen())
-    throw StoreError(3420, "Object invalid or no longer set: the recordset or its store is closed.");
+    throw StoreError(3420,
+                     "Object invalid or no longer set: the recordset or its store is closed.");
   return *connection_;
 }
 
 void TableRecordset::requireWritable() const {
   if (connection().readOnly())
-    throw StoreError(3027, "Cannot update. Database or object is read-only: '" +
-                               connection_->path() + "'.");
+    throw StoreError(
+        3027, "Cannot update. Database or object is read-only: '" + connection_->path() + "'.");
 }
 
 void TableRecordset::requireRow() const {
@@ -124,25 +58,25 @@ void TableRecordset::setIndex(const std::string& indexName) {
   // The look-ups set the index before every Seek; the same one again
   // changes nothing.
   if (indexChosen_ && fSameName(indexName, indexName_)) return;
-  chooseOrder(connection().indexColumns(*table_, indexName));
+  order_ = connection().order(*table_, indexName);
   indexChosen_ = true;
   indexName_ = indexName;
+  moveToEnd(false);
 }
 
 void TableRecordset::seek(const std::string& comparison, const std::vector<Value>& keys) {
   if (!indexChosen_) throw StoreError(3019, "Operation invalid without a current index.");
   if (comparison != "=")
     throw StoreError(3251, "Seek supports only the comparison \"=\", not \"" + comparison + "\".");
-  if (keys.empty() || keys.size() > index_.size())
+  if (keys.empty() || keys.size() > order_->keys.size())
     throw StoreError(3251, "Seek on '" + table_->name + "' needs 1 to " +
-                               std::to_string(index_.size()) + " key values.");
-  noMatch_ = !readRow(seekRow_[keys.size() - 1], keys);
+                               std::to_string(order_->keys.size()) + " key values.");
+  noMatch_ = !readRow(order_->seekRow[keys.size() - 1], keys);
   place_ = noMatch_ ? Place::Nowhere : Place::Row;
 }
 
 void TableRecordset::moveToEnd(bool last) {
-  std::string sql = selectRow_ + (last ? reverseOrderBy_ : orderBy_) + " LIMIT 1";
-  place_ = readRow(sql, {}) ? Place::Row : Place::Empty;
+  place_ = readRow(last ? order_->lastRow : order_->firstRow, {}) ? Place::Row : Place::Empty;
 }
 
 void TableRecordset::moveFirst() { moveToEnd(false); }
@@ -154,12 +88,13 @@ void TableRecordset::moveNext() {
   // The current (or just deleted) row's keys and rowid mark the place.
   std::vector<Value> keys;
   bool anyNull = false;
-  for (int column : indexFields_) {
+  for (int column : order_->keyFields) {
     keys.push_back(row_[static_cast<std::size_t>(column) + 1]);
     anyNull = anyNull || keys.back().isNull();
   }
   keys.push_back(row_[0]);
-  bool found = readRow(anyNull || descendingIndex_ ? nextRowNullSafe_ : nextRow_, keys);
+  bool found =
+      readRow(anyNull || order_->descending ? order_->nextRowNullSafe : order_->nextRow, keys);
   place_ = found ? Place::Row : Place::AfterLast;
 }
 
@@ -232,8 +167,9 @@ void TableRecordset::insertRow() {
     names += (values.size() > 1 ? ", " : "") + fQuoteName(table_->columns[i]);
     slots += (values.size() > 1 ? ", ?" : "?") + std::to_string(values.size());
   }
-  std::string sql = "INSERT INTO " + fQuoteName(table_->name) +
-                    (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + slots + ")");
+  std::string sql =
+      "INSERT INTO " + fQuoteName(table_->name) +
+      (values.empty() ? " DEFAULT VALUES" : " (" + names + ") VALUES (" + slots + ")");
   Connection& store = connection();
   StatementRun run(store.handle(), store.statement(sql), table_->name);
   for (std::size_t i = 0; i < values.size(); ++i) run.bind(static_cast<int>(i) + 1, values[i]);
@@ -262,7 +198,10 @@ void TableRecordset::updateRow() {
     run.step();
   }
   store.noteChange();
-  if (!readRow(selectRow_ + " WHERE rowid = ?1", {rowid})) place_ = Place::Nowhere;
+  if (!readRow("SELECT rowid, * FROM " + fQuoteName(table_->name) + " WHERE rowid = ?1", {rowid})) {
+    place_ = Place::Nowhere;
+    throw StoreError(3021, "No current record: the row was deleted by another recordset.");
+  }
 }
 
 void TableRecordset::remove() {
@@ -270,9 +209,10 @@ void TableRecordset::remove() {
   requireRow();
   Connection& store = connection();
   {
-    StatementRun run(store.handle(), store.statement("DELETE FROM " + fQuoteName(table_->name) +
-                                                     " WHERE rowid = ?1"),
-                     table_->name);
+    StatementRun run(
+        store.handle(),
+        store.statement("DELETE FROM " + fQuoteName(table_->name) + " WHERE rowid = ?1"),
+        table_->name);
     run.bind(1, row_.at(0));
     run.step();
   }

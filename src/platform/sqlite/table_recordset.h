@@ -17,6 +17,7 @@
 #include <vector>
 
 #include "platform/sqlite/connection.h"
+#include "platform/sqlite/table_order.h"
 #include "platform/store.h"
 
 namespace platform::sqlite {
@@ -60,26 +61,17 @@ class TableRecordset : public Recordset {
   int columnIndex(const std::string& name) const;
   bool readRow(const std::string& sql, const std::vector<Value>& keys);
   void moveToEnd(bool last);
-  void chooseOrder(std::vector<KeyColumn> index);
   void insertRow();
   void updateRow();
 
   std::shared_ptr<Connection> connection_;
   std::shared_ptr<const TableInfo> table_;
-  std::vector<KeyColumn> index_;  // empty: rowid order
+  std::shared_ptr<const TableOrder> order_;
   bool indexChosen_ = false;
-  std::string indexName_;         // as the caller named it
-  std::vector<int> indexFields_;  // the index's columns, as table columns
-  std::string selectRow_;         // "SELECT rowid, * FROM t"
-  std::string orderBy_;           // " ORDER BY ..., rowid"
-  std::string reverseOrderBy_;
-  std::string nextRow_;           // the row after given keys and rowid
-  std::string nextRowNullSafe_;   // the same where Nulls or DESC are involved
-  std::vector<std::string> seekRow_;  // by number of keys - 1
-  bool descendingIndex_ = false;
+  std::string indexName_;  // as the caller named it
 
   Place place_ = Place::Empty;
-  std::vector<Value> row_;        // rowid, then the columns
+  std::vector<Value> row_;  // rowid, then the columns
   bool noMatch_ = false;
 
   mutable long count_ = -1;

@@ -85,8 +85,8 @@ std::int64_t Value::asInteger() const {
     if (number.digits.empty()) return 0;
     if (number.integral) {
       std::int64_t value = 0;
-      auto result = std::from_chars(number.digits.data(),
-                                    number.digits.data() + number.digits.size(), value);
+      auto result =
+          std::from_chars(number.digits.data(), number.digits.data() + number.digits.size(), value);
       if (result.ec == std::errc()) return value;
     }
     return roundToInteger(parseDouble(number.digits));
