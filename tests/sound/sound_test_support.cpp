@@ -30,6 +30,8 @@ std::unique_ptr<platform::Database> openStore(const fs::path& path, bool readOnl
   return platform::defaultWorkspace().openDatabase(path.string(), true, readOnly, "");
 }
 
+// The user music set of the tests: its "ONPR" rows for both instruments
+// and its "Scale Shift Specs" row.
 std::string userSetRows() {
   std::ostringstream sql;
   for (int type : {1, 2}) {
