@@ -15,17 +15,6 @@ namespace {
 using platform::Event;
 using platform::EventKind;
 
-const char* const kProductDescription =
-    "Nadavik is a companion for learning the ragas of North Indian classical music on your "
-    "own.\n\n"
-    "Choose a raga from the raga grid and hear it: its scale, its pakad, alap phrases, "
-    "layakari and taans, and compositions set to a tala with a tabla theka. A synthesised "
-    "harmonium plays over a tanpura drone while the notes light up on an on-screen harmonium "
-    "keyboard and in the notation, in English or Devanagari script.\n\n"
-    "Around the ragas stand a quiz, a music sampler, a workbench for note patterns and ear "
-    "training, a composer for music of your own, and a screen for tuning scales by ear.\n\n"
-    "Press OK to begin, or Cancel to leave.";
-
 // The main window's Load: the opening screen first; the program starts only
 // when the user presses OK there.
 void onMainLoad(platform::Screen& main) {
@@ -92,10 +81,8 @@ void sBindNadavikEvents(platform::Screen& s) {
   sBindTraceMenuEvents(s);
 }
 
+// The opening screen's description in Text1 comes with its definition.
 void sBindOpeningScreenEvents(platform::Screen& s) {
-  s.on("", EventKind::Load, [&s](const Event&) {
-    s.control("Text1").setText(kProductDescription);
-  });
   s.on("OKButton", EventKind::Click, [&s](const Event&) {
     gOpeningOk = 1;
     s.unload();

@@ -87,6 +87,10 @@ void fillMainLabels() {
   s.control("Label3").setCaption(kCredits);
 }
 
+// Maximises the main window for a moment to learn the largest area a screen
+// can have. This is done while the window is hidden: a shown window would
+// flash, and the window system's late report of the maximised state would
+// be taken for the user's own choice.
 void readMaximisedGeometry() {
   platform::Screen& s = mainWindow();
   s.setWindowState(2);
@@ -127,9 +131,9 @@ void startProgram() {
   sSetSQLStrings();
   gCurrFormId = kFormNadavik;
   sSetCurrFormById();
+  readMaximisedGeometry();
   mainWindow().setVisible(true);
   sMnuTraceCheck();
-  readMaximisedGeometry();
   fillMainLabels();
   mainWindow().setVisible(false);
   openStores();

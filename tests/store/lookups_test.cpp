@@ -63,7 +63,7 @@ class Lookups : public ::testing::Test {
 TEST_F(Lookups, RagasAndTalasByIdAndName) {
   EXPECT_EQ(fGetRagaId("Kafi"), 3);
   EXPECT_EQ(fGetRagaId(""), 0);
-  EXPECT_EQ(fGetRagaId("kafi"), 0);  // names are compared exactly
+  EXPECT_EQ(fGetRagaId("kafi"), 3);  // names compare without regard to case
   EXPECT_EQ(fGetRagaName(6), "Marwa");
   EXPECT_EQ(fGetRagaName(99), "");
   EXPECT_EQ(fGetRagaLevel("Todi"), 3);

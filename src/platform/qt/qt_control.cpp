@@ -179,6 +179,7 @@ void QtControl::createMenuEntry(QMenu* parentMenu, QWidget* menuBarOwner, bool h
     QObject::connect(menu_, &QMenu::aboutToShow, [this] { fire(EventKind::Click); });
   } else {
     action_ = new QAction(q(caption_), window);
+    action_->setSeparator(caption_ == "-");  // a named separator line
     action_->setCheckable(def_.checked);
     action_->setChecked(def_.checked);
     if (parentMenu)
@@ -275,15 +276,56 @@ void QtControl::createWidget(QWidget* parent, QButtonGroup* optionGroup) {
   w->setObjectName(q(def_.name));
   if (!def_.help.empty()) w->setWhatsThis(q(def_.help));
   w->installEventFilter(new EventForwarder(*this, w));
+  ownEnabled_ = def_.enabled;
   w->setEnabled(def_.enabled);
   applyFont();
   applyColors();
-  if (def_.kind != ControlKind::TextBox) setCaption(caption_);
+  if (hasCaption()) setCaption(caption_);
   setBorderStyle(borderStyle_);
   if (def_.kind == ControlKind::CheckBox || def_.kind == ControlKind::OptionButton)
     setValue(def_.checked ? (def_.kind == ControlKind::OptionButton ? -1 : 1) : 0);
   connectSignals();
+  ownVisible_ = def_.visible;
   w->setVisible(def_.visible);
+}
+
+bool QtControl::hasCaption() const {
+  switch (def_.kind) {
+    case ControlKind::Label:
+    case ControlKind::CommandButton:
+    case ControlKind::OptionButton:
+    case ControlKind::CheckBox:
+    case ControlKind::Frame:
+    case ControlKind::Menu:
+      return true;
+    default:
+      return false;
+  }
+}
+
+void QtControl::setFrame(QtControl* frame) {
+  frame_ = frame;
+  frame->members_.push_back(this);
+  applyVisibility();
+  applyEnabled();
+}
+
+bool QtControl::shownVisible() const {
+  return ownVisible_ && (!frame_ || frame_->shownVisible());
+}
+
+bool QtControl::shownEnabled() const {
+  return ownEnabled_ && (!frame_ || frame_->shownEnabled());
+}
+
+void QtControl::applyVisibility() {
+  if (widget_) widget_->setVisible(shownVisible());
+  for (QtControl* member : members_) member->applyVisibility();
+}
+
+void QtControl::applyEnabled() {
+  if (widget_) widget_->setEnabled(shownEnabled());
+  for (QtControl* member : members_) member->applyEnabled();
 }
 
 void QtControl::connectSignals() {
@@ -358,17 +400,8 @@ std::string QtControl::stored(const QString& text) const {
 // --- captions and text ------------------------------------------------------
 
 std::string QtControl::caption() const {
-  switch (def_.kind) {
-    case ControlKind::Label:
-    case ControlKind::CommandButton:
-    case ControlKind::OptionButton:
-    case ControlKind::CheckBox:
-    case ControlKind::Frame:
-    case ControlKind::Menu:
-      return caption_;
-    default:
-      unsupported("Caption");
-  }
+  if (!hasCaption()) unsupported("Caption");
+  return caption_;
 }
 
 void QtControl::setCaption(const std::string& text) {
@@ -389,9 +422,6 @@ void QtControl::setCaption(const std::string& text) {
       if (menu_) menu_->setTitle(q(text));
       if (action_) action_->setText(q(text));
       break;
-    case ControlKind::Picture:
-    case ControlKind::Line:
-      break;  // designed without a caption
     default:
       unsupported("Caption");
   }
@@ -439,7 +469,7 @@ void QtControl::setText(const std::string& text) {
 bool QtControl::visible() const {
   if (def_.kind == ControlKind::Menu) return action_ && action_->isVisible();
   if (!widget_) unsupported("Visible");
-  return !widget_->isHidden();
+  return ownVisible_;
 }
 
 void QtControl::setVisible(bool on) {
@@ -448,14 +478,15 @@ void QtControl::setVisible(bool on) {
     return;
   }
   if (!widget_) unsupported("Visible");
-  widget_->setVisible(on);
+  ownVisible_ = on;
+  applyVisibility();
 }
 
 bool QtControl::enabled() const {
   if (def_.kind == ControlKind::Timer) return timer_->isActive();
   if (def_.kind == ControlKind::Menu) return action_ && action_->isEnabled();
   if (!widget_) unsupported("Enabled");
-  return widget_->isEnabled();
+  return ownEnabled_;
 }
 
 void QtControl::setEnabled(bool on) {
@@ -472,7 +503,8 @@ void QtControl::setEnabled(bool on) {
     return;
   }
   if (!widget_) unsupported("Enabled");
-  widget_->setEnabled(on);
+  ownEnabled_ = on;
+  applyEnabled();
 }
 
 bool QtControl::locked() const {
@@ -581,7 +613,7 @@ void QtControl::setFontName(const std::string& family) {
   applyFont();
   if (def_.kind == ControlKind::TextBox)
     setText(keep);
-  else if (widget_)
+  else if (widget_ && hasCaption())
     setCaption(caption_);
 }
 float QtControl::fontSize() const {

@@ -6,6 +6,7 @@
 #include <QPointer>
 #include <QString>
 #include <memory>
+#include <vector>
 
 #include "platform/screen.h"
 #include "platform/screendef.h"
@@ -113,6 +114,10 @@ class QtControl : public Control {
   int osPlatform() const override;
   AudioDevice& device() override;
 
+  // Places the control in a frame: it shows and takes input only while the
+  // frame does. Its coordinates stay those of the window.
+  void setFrame(QtControl* frame);
+
   // Stops timers and sound and drops notifications: the window is going.
   void silence();
 
@@ -128,6 +133,12 @@ class QtControl : public Control {
   void applyFont();
   void createWidget(QWidget* parent, QButtonGroup* optionGroup);
   void createMenuEntry(QMenu* parentMenu, QWidget* menuBarOwner, bool holdsEntries);
+  bool hasCaption() const;
+  // Visible and Enabled as shown: the control's own value and its frame's.
+  bool shownVisible() const;
+  bool shownEnabled() const;
+  void applyVisibility();
+  void applyEnabled();
   void connectSignals();
 
   QtScreen& screen_;
@@ -137,6 +148,10 @@ class QtControl : public Control {
   QPointer<QMenu> menu_;
   QTimer* timer_ = nullptr;
   std::unique_ptr<AudioDevice> device_;
+  QtControl* frame_ = nullptr;
+  std::vector<QtControl*> members_;  // a frame's controls
+  bool ownVisible_ = true;
+  bool ownEnabled_ = true;
   std::string caption_;        // as the logic set it (key-map text for Shusha)
   std::string fontFamily_;
   float fontPoints_ = 0;

@@ -138,9 +138,13 @@ void QtScreen::createControls() {
     }
     controls_.push_back(std::move(control));
   }
-  // Frames stand behind the controls placed on them.
-  for (auto& c : controls_)
+  // Frames stand behind the controls placed on them, and show and enable
+  // them with themselves.
+  for (auto& c : controls_) {
     if (c->kind() == ControlKind::Frame) c->widget()->lower();
+    if (QtControl* frame = c->definition().frame.empty() ? nullptr : find(c->definition().frame, -1))
+      c->setFrame(frame);
+  }
 }
 
 QWidget* QtScreen::drawingArea() const {
