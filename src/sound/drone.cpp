@@ -6,6 +6,7 @@
 #include "control/session.h"
 #include "sound/sound_state.h"
 #include "sound/step_result.h"
+#include "sound/tuning_math.h"
 #include "store/positioning.h"
 #include "tonvex/tonvex.h"
 
@@ -19,13 +20,14 @@ constexpr double kDroneFactorStep = 0.1;
 
 std::int16_t fBuildDroneData() {
   NV_PROC("fBuildDroneData");
-  const bool dataFolderMode = gDroneMode == 2;
+  // Mode 1 (the one in use) sounds the drone from the upper S slot; mode 2
+  // from the middle S, with the data folder as path.
   const std::int16_t result =
-      dataFolderMode
-          ? FWavLoadDroneData(gDataPath + "/", gCurrTonicNoteId + 9, gCurrDroneType,
-                              gDroneSetName, gCurrDroneFactor, 2)
-          : FWavLoadDroneData("", gCurrTonicNoteId + 21, gCurrDroneType, gDroneSetName,
-                              gCurrDroneFactor, 1);
+      gDroneMode == 2
+          ? FWavLoadDroneData(gDataPath + "/", gCurrTonicNoteId + kMiddleSaAboveTonic,
+                              gCurrDroneType, gDroneSetName, gCurrDroneFactor, 2)
+          : FWavLoadDroneData("", gCurrTonicNoteId + kUpperSaAboveTonic, gCurrDroneType,
+                              gDroneSetName, gCurrDroneFactor, 1);
   return fStepFailed(result, "Error in FWavLoadDroneData") ? 0 : 1;
 }
 

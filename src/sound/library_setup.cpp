@@ -32,5 +32,5 @@ bool fStartSoundLibrary() {
 bool fGenerateGreetingDrone() {
   NV_PROC("fGenerateGreetingDrone");
   return !fStepFailed(FWavGenerateDroneFile(gDroneCycles, gDroneWavFile, 1),
-                 "Error in generating drone file");
+                      "Error in generating drone file");
 }

@@ -6,8 +6,8 @@
 
 #include "control/errors.h"
 #include "control/session.h"
-#include "store/positioning.h"
 #include "sound/tuning_math.h"
+#include "store/positioning.h"
 
 namespace {
 

@@ -10,8 +10,8 @@
 #include "control/messages.h"
 #include "control/session.h"
 #include "platform/store.h"
-#include "store/positioning.h"
 #include "sound/step_result.h"
+#include "store/positioning.h"
 #include "store/queries.h"
 #include "tonvex/tonvex.h"
 
@@ -30,7 +30,7 @@ bool readSeedSamples(const std::string& setName, std::int32_t noteId,
   auto rs = gDbA->openRecordset(gSQLStr12, platform::RecordsetType::Snapshot);
   bool fits = true;
   for (std::size_t i = 0; fits && !rs->eof(); rs->moveNext(), ++i) {
-    const std::int64_t value = rs->field("Sample Value").asInteger();
+    const std::int64_t value = rs->fieldAt(0).asInteger();  // the query's one column
     fits = i < samples.size() && value >= std::numeric_limits<std::int16_t>::min() &&
            value <= std::numeric_limits<std::int16_t>::max();
     if (fits) samples[i] = static_cast<std::int16_t>(value);

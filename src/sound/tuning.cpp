@@ -8,6 +8,7 @@
 #include "control/session.h"
 #include "platform/store.h"
 #include "sound/onpr_rows.h"
+#include "sound/seeds.h"
 #include "sound/step_result.h"
 #include "sound/tuning_math.h"
 #include "store/positioning.h"
@@ -55,7 +56,8 @@ void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setNa
   auto specs = gDbA->openRecordset("Note Specifications", platform::RecordsetType::Table);
   auto ratioSets = gDbA->openRecordset("ONPRSets", platform::RecordsetType::Table);
   const std::optional<float> refSpc = recordedSpc(*specs, gMainSetName, spec.RefNote);
-  sSetTablePKRecord2(*ratioSets, spec.RefNote - 9, static_cast<int>(instrumentType));
+  sSetTablePKRecord2(*ratioSets, spec.RefNote - kMiddleSaAboveTonic,
+                     static_cast<int>(instrumentType));
   if (refSpc && !ratioSets->noMatch()) {
     OnprRow ratios{};
     RecordedSpcs ownSpcs{};
@@ -69,8 +71,13 @@ void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setNa
   }
   specs->close();
   ratioSets->close();
-  for (int noteId = 0; noteId <= kMaxSoundNoteId; ++noteId)
-    if (!tuneNote(setName, noteId)) break;
+  // The deltas are from the recorded periods, and the library adds up the
+  // deltas it is given: each note is reloaded first, so that a set already
+  // tuned by its music set is retuned rather than tuned twice.
+  for (int noteId = 0; noteId <= kMaxSoundNoteId; ++noteId) {
+    if (gNoteAdjust[noteId] == 0.0f) continue;
+    if (fLoadIndividualNoteSeed(setName, noteId) != 1 || !tuneNote(setName, noteId)) break;
+  }
 }
 
 void sSaveAdjustments(std::int16_t kind) {

@@ -17,8 +17,10 @@ std::int16_t fAdjustNoteSeeds(const std::string& setName, std::int16_t instrumen
 // Puts each note of the set at its "ONPRSets" ratio to the reference note
 // spec.RefNote (the middle S), whose period is the main set's recorded one
 // moved by NewSPC - BaseSPC; fills gNoteAdjust with the deltas and tunes the
-// notes. With NewSPC equal to BaseSPC the ratios still apply. A refused
-// delta shows "Error adjusting SPC" and ends the tuning. Without the
+// notes, each from its recorded period (the note is reloaded first). With
+// NewSPC equal to BaseSPC the ratios still apply. A refused delta shows
+// "Error adjusting SPC", a note that cannot be reloaded its load message;
+// either ends the tuning. Without the
 // reference note or the ratio row of its tonic nothing is tuned.
 void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setName,
                             std::int16_t instrumentType);

@@ -13,8 +13,11 @@
 constexpr int kOnprColumns = 27;
 // Highest absolute note number of a note set.
 constexpr int kMaxSoundNoteId = 40;
-// Column of the middle S (absolute tonic + 9) within those 27.
+// Column of the middle S within those 27.
 constexpr int kOnprTonicColumn = 7;
+// Absolute note numbers of the middle and the upper S above the tonic id.
+constexpr int kMiddleSaAboveTonic = 9;
+constexpr int kUpperSaAboveTonic = 21;
 
 using OnprRow = std::array<float, kOnprColumns>;
 // A set's recorded SPC (SamPerCyc + Fractional Value) by absolute note
