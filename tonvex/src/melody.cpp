@@ -17,7 +17,7 @@ namespace {
 
 constexpr int32_t kMaxNotes = 10000;
 constexpr double kMaxNoteMs = 60000.0, kMaxTotalMs = 600000.0;
-constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 2.25f;
+constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 3.0f;
 constexpr float kDroneGain[3] = {0.0f, 0.25f, 0.4f};
 constexpr int64_t kEdgeFadeSamples = 132;  // 3 ms
 constexpr float kHeadroomPeak = 0.97f;

@@ -29,7 +29,7 @@
 //                             fades within its own duration
 //
 // `level` (0 to 1) sets the melody's loudness: the harmonium peaks at
-// 2.25 x level of full scale, at most 0.9 (0.2 gives 0.45). `droneMix` is
+// 3 x level of full scale, at most 0.9 (0.2 gives 0.6). `droneMix` is
 // 0 (no drone), 1 (drone under the melody, Demo and Learning) or 2 (a drone
 // 1.6 times stronger, for Practice, where the learner sings over it).
 // `synthVolume` (1 to 4) multiplies the melody's gain; the application
