@@ -66,9 +66,9 @@ INSTANTIATE_TEST_SUITE_P(Tonics, MusicPitchTest,
                                            PitchCase{3, 31}, PitchCase{1, 12}, PitchCase{1, 19},
                                            PitchCase{2, 17}, PitchCase{7, 20}, PitchCase{12, 12},
                                            PitchCase{12, 16}, PitchCase{11, 9}),
-                         [](const ::testing::TestParamInfo<PitchCase>& info) {
-                           return "Tonic" + std::to_string(info.param.tonicId) + "Note" +
-                                  std::to_string(info.param.noteId);
+                         [](const ::testing::TestParamInfo<PitchCase>& param) {
+                           return "Tonic" + std::to_string(param.param.tonicId) + "Note" +
+                                  std::to_string(param.param.noteId);
                          });
 
 TEST_F(MusicTest, LengthIsTheSumOfDurationsWithinOneMillisecond) {

@@ -96,8 +96,8 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
   return mix;
 }
 
-bool writeMix(const std::string& outFile, const Mix& mix) {
-  std::vector<float> samples = mix.samples;
+bool writeMix(const std::string& outFile, Mix& mix) {
+  std::vector<float>& samples = mix.samples;
   fadeEdges(samples);
   const float peak = peakOf(samples);
   const float gain = peak > kHeadroomPeak ? kHeadroomPeak / peak : 1.0f;

@@ -22,7 +22,7 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
                               int32_t releaseMs) {
   const MusicRequest request{noteCount, notes,       durations,    droneMix,  level,
                              synthVolume, peakPermille, attackMs, sustainPct, releaseMs};
-  const auto mix = renderMelodyAndDrone(libraryState(), request);
+  auto mix = renderMelodyAndDrone(libraryState(), request);
   return mix && writeMix(outFile, *mix) ? 1 : 0;
 }
 

@@ -8,8 +8,8 @@
 
 namespace tonvex {
 
-// Rounds x * 32767 to the nearest integer and clamps it to -32768..32767.
-// NaN gives 0.
+// Rounds x * 32767 to the nearest integer (halves away from zero) and clamps
+// it to -32768..32767. NaN gives 0.
 int16_t toPcm16(float x);
 
 // Converts a whole buffer, multiplying each sample by gain first.
