@@ -68,6 +68,16 @@ TEST_F(DroneTest, LoudnessFollowsTheFactor) {
   EXPECT_NEAR(rms(soft, 0, soft.size()) / rms(normal, 0, normal.size()), 0.5, 0.01);
 }
 
+TEST_F(DroneTest, RetuningTheDroneSetRebuildsTheDrone) {
+  const auto before = droneFile(1, 2);
+  ASSERT_EQ(FWavTuneNote("e", 12, -40.0), 1);  // the low Sa string, about a semitone up
+  ASSERT_EQ(FWavLoadDroneData("", 24, 1, "e", 1.0, 1), 1);
+  const auto after = droneFile(1, 2);
+  const double lowSaHz = tonvex::seedHz(tonvex::kInstrumentMain, 12) / 2;
+  EXPECT_GT(centsBetween(measureHz(after, at(2300), at(3150), lowSaHz * 1.06), lowSaHz), 90.0);
+  EXPECT_NE(rms(before, at(2300), at(3150)), rms(after, at(2300), at(3150)));
+}
+
 TEST_F(DroneTest, LowSaStringSoundsAnOctaveBelowTheMiddleSa) {
   // At tonic 3 the middle Sa is C#3; the low Sa string is plucked at 2133 ms.
   const double lowSaHz = tonvex::seedHz(tonvex::kInstrumentMain, 12) / 2;
