@@ -136,6 +136,8 @@ TEST_F(ThekaTest, BadThekaInputFailsAndLeavesNoFile) {
   const std::string path = scratchFile("bad.wav");
   EXPECT_EQ(FWavGenerateMusicFile1(1, "12", "500", 5, 4, "0", 4, 500, path, 0, 0.2, 1, 1000, 60,
                                    80, 50), 0);  // start beat after the cycle
+  EXPECT_EQ(FWavGenerateMusicFile1(1, "12", "500", 1, 16, "0", 3, 500, path, 0, 0.2, 1, 1000, 60,
+                                   80, 50), 0);  // not the loaded kit's number
   ASSERT_EQ(FWavSetGlobalVariables("ce"), 1);   // no kit loaded any more
   EXPECT_EQ(makeMusic("12", "500", "0", 500, path), 0);
   EXPECT_FALSE(fileExists(path));

@@ -1,11 +1,13 @@
 // Phrase rendering: note starts on the rounded running sums of the durations
 // (so the file's length is their sum to within a sample), one reed voice per
-// token with its envelope, the reeds' phases carried across tokens, then the
-// drone cycle repeated underneath. Stateless.
+// token with its envelope, the reeds' phases carried across tokens, a slow
+// bellows swell over the whole melody, then the drone cycle repeated
+// underneath. Stateless.
 #include "melody.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "pcm.h"
 #include "reed_voice.h"
@@ -39,6 +41,23 @@ bool validScalars(const LibraryState& state, const MusicRequest& r) {
   if (r.droneMix < 0 || r.droneMix > 2 || (r.droneMix > 0 && !state.drone)) return false;
   if (!(r.level >= 0.0 && r.level <= 1.0)) return false;
   return r.synthVolume >= 1 && r.synthVolume <= 4;
+}
+
+// The bellows: a player cannot hold the pressure quite steady, so the reeds'
+// loudness swells by a few percent at two slow, unrelated rates. Evaluated
+// every 256 samples and interpolated.
+void applyBellows(std::vector<float>& melody) {
+  constexpr size_t kBlock = 256;
+  auto pressure = [](size_t n) {
+    const double t = double(n) / kSampleRate;
+    return float(1.0 + 0.03 * std::sin(2.0 * std::numbers::pi * 0.41 * t) +
+                 0.02 * std::sin(2.0 * std::numbers::pi * 0.13 * t + 1.0));
+  };
+  for (size_t b = 0; b < melody.size(); b += kBlock) {
+    const float from = pressure(b), slope = (pressure(b + kBlock) - from) / float(kBlock);
+    const int n = int(std::min(kBlock, melody.size() - b));
+    for (int i = 0; i < n; ++i) melody[b + size_t(i)] *= from + slope * float(i);
+  }
 }
 
 void addDrone(const DroneSound& drone, float gain, std::vector<float>& out) {
@@ -91,6 +110,7 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
     env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - start)));
     addTokenVoice(voices[i], env, gain, phases, mix.samples.data() + start);
   }
+  applyBellows(mix.samples);
   if (r.droneMix > 0)
     addDrone(*state.drone, kDroneGain[r.droneMix] * float(state.drone->factor), mix.samples);
   return mix;

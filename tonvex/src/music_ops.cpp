@@ -34,7 +34,8 @@ int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
                                int32_t synthVolume, int32_t peakPermille, int32_t attackMs,
                                int32_t sustainPct, int32_t releaseMs) {
   const LibraryState& state = libraryState();
-  if (!state.theka || thekaInstrument < 1 || beatMs < 1 || beatMs > kMaxBeatMs) return 0;
+  if (!state.theka || thekaInstrument != state.theka->instrument) return 0;
+  if (beatMs < 1 || beatMs > kMaxBeatMs) return 0;
   if (startBeat < 1 || beatCount < startBeat || beatCount > kMaxBeats) return 0;
   const auto tokens = parseThekaTokens(theka);
   if (!tokens || tokens->size() != size_t(noteCount)) return 0;

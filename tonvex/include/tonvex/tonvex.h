@@ -87,8 +87,8 @@ int16_t FWavLoadDroneData(const std::string& path, int32_t noteId, int32_t drone
                           const std::string& droneSet, double droneFactor, int32_t droneMode);
 
 // Loads a tabla kit file (format in tonvex/README.md, written at build time by
-// tonvex-kit). A missing, truncated or altered file fails. thekaInstrument is
-// remembered as the number of the kit and must be 1 or more.
+// tonvex-kit). A missing, truncated or altered file fails. thekaInstrument
+// (1 or more) is remembered as the kit's number: music calls must name it.
 int16_t FWavLoadThekaData(const std::string& libraryFile, int32_t thekaInstrument);
 
 // Writes droneCycles (1 to 100) drone cycles of 3200 ms into outFile.
@@ -105,7 +105,8 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
                               int32_t peakPermille, int32_t attackMs, int32_t sustainPct,
                               int32_t releaseMs);
 
-// As FWavGenerateMusicFile, mixed with the loaded tabla kit. theka holds one
+// As FWavGenerateMusicFile, mixed with the loaded tabla kit, whose number
+// thekaInstrument must be (the one given to FWavLoadThekaData). theka holds one
 // token per note: "0", or "count/bol/.../bol/offset", the offset being the
 // first stroke's distance from the note's start in beats; strokes follow at
 // beatMs spacing (1 to 10000). Bol ids 1 to 20 (0 is a rest). startBeat and
