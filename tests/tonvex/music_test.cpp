@@ -114,7 +114,7 @@ TEST_F(MusicTest, GraceNoteLeadsIntoTheMainNote) {
   EXPECT_NEAR(centsBetween(measureHz(x, at(200), at(580), saHz), saHz), 0.0, 2.0);
 }
 
-TEST_F(MusicTest, LoudestMixIsScaledBelowFullScale) {
+TEST_F(MusicTest, LoudestMixIsLimitedBelowFullScale) {
   const std::string path = scratchFile("loud.wav");
   ASSERT_EQ(makeMusic("02 0714 12", "1000 1000 1000", path, 2, 1.0, 4), 1);
   const auto x = readSamples(path);

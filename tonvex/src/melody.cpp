@@ -22,7 +22,8 @@ constexpr double kMaxNoteMs = 60000.0, kMaxTotalMs = 600000.0;
 constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 3.0f;
 constexpr float kDroneGain[3] = {0.0f, 0.25f, 0.4f};
 constexpr int64_t kEdgeFadeSamples = 132;  // 3 ms
-constexpr float kHeadroomPeak = 0.97f;
+// Soft limiter: above the knee, peaks bend smoothly towards the ceiling.
+constexpr float kLimiterKnee = 0.8f, kLimiterCeiling = 0.97f;
 
 std::optional<std::vector<int64_t>> noteStartsOf(std::span<const double> durationsMs) {
   std::vector<int64_t> starts{0};
@@ -116,12 +117,21 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
   return mix;
 }
 
+void limitPeaks(std::vector<float>& samples) {
+  constexpr float range = kLimiterCeiling - kLimiterKnee;
+  for (float& x : samples) {
+    const float magnitude = std::fabs(x);
+    if (magnitude > kLimiterKnee) {
+      const float bent = kLimiterKnee + range * std::tanh((magnitude - kLimiterKnee) / range);
+      x = std::copysign(bent, x);
+    }
+  }
+}
+
 bool writeMix(const std::string& outFile, Mix& mix) {
-  std::vector<float>& samples = mix.samples;
-  fadeEdges(samples);
-  const float peak = peakOf(samples);
-  const float gain = peak > kHeadroomPeak ? kHeadroomPeak / peak : 1.0f;
-  return writeWavFile(outFile, toPcm16(samples, gain));
+  fadeEdges(mix.samples);
+  limitPeaks(mix.samples);
+  return writeWavFile(outFile, toPcm16(mix.samples, 1.0f));
 }
 
 }  // namespace tonvex

@@ -10,7 +10,7 @@ using namespace tonvex;
 
 namespace {
 
-constexpr float kThekaGain = 0.5f;
+constexpr float kThekaGain = 0.4f;
 constexpr int32_t kMaxBeatMs = 10000, kMaxBeats = 64;
 
 }  // namespace

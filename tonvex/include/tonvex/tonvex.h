@@ -33,8 +33,8 @@
 // 0 (no drone), 1 (drone under the melody, Demo and Learning) or 2 (a drone
 // 1.6 times stronger, for Practice, where the learner sings over it).
 // `synthVolume` (1 to 4) multiplies the melody's gain; the application
-// passes 1. The mixed file is scaled down as a whole if
-// its peak would exceed 0.97 of full scale, so nothing ever clips.
+// passes 1. Peaks of the mix above 0.8 of full scale are bent smoothly
+// towards 0.97 (a soft limiter), so nothing ever clips.
 #pragma once
 
 #include <cstdint>
