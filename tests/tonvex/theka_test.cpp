@@ -54,6 +54,22 @@ TEST_F(ThekaTest, DamagedOrMissingKitFilesFail) {
   EXPECT_EQ(FWavLoadThekaData(path, 4), 1);
 }
 
+TEST(ThekaKitTest, BothKitFilesAreSealedAndComplete) {
+  for (const char* path : {TONVEX_KIT_FILE, TONVEX_PA_KIT_FILE}) {
+    const std::string file = readText(path);
+    const auto body = tonvex::unsealKitText(file);
+    ASSERT_TRUE(body) << path;
+    std::string error;
+    const auto kit = tonvex::parseKitText(*body, error);
+    ASSERT_TRUE(kit) << path << ": " << error;
+    EXPECT_EQ(kit->bols.size(), 20u);
+    EXPECT_EQ(kit->bols[15].hits.size(), 4u) << "Tirakita";
+  }
+  std::string error;
+  EXPECT_DOUBLE_EQ(tonvex::parseKitText(*tonvex::unsealKitText(readText(TONVEX_PA_KIT_FILE)), error)
+                       ->dayanRatio, 1.5);
+}
+
 TEST(ThekaKitTest, SourceErrorsNameTheProblem) {
   const std::string source = readText(TONVEX_KIT_SOURCE);
   std::string error;
