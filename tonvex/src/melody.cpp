@@ -78,6 +78,47 @@ void fadeEdges(std::vector<float>& samples) {
   }
 }
 
+void limitPeaks(std::vector<float>& samples) {
+  constexpr float range = kLimiterCeiling - kLimiterKnee;
+  for (float& x : samples) {
+    const float magnitude = std::fabs(x);
+    if (magnitude > kLimiterKnee) {
+      const float bent = kLimiterKnee + range * std::tanh((magnitude - kLimiterKnee) / range);
+      x = std::copysign(bent, x);
+    }
+  }
+}
+
+// The voice of each token, or nullopt when a note has no seed.
+std::optional<std::vector<TokenVoice>> tokenVoices(const NoteSet& set,
+                                                   std::span<const NoteToken> tokens,
+                                                   std::span<const double> durationsMs,
+                                                   std::span<const int64_t> starts) {
+  std::vector<TokenVoice> voices;
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const NoteToken& t = tokens[i];
+    const TokenVoice v{t.graceNote < 0 ? nullptr : findSeed(set, t.graceNote),
+                       findSeed(set, t.mainNote), graceLeadSamples(durationsMs[i]),
+                       starts[i + 1] - starts[i]};
+    if (v.main == nullptr || (t.graceNote >= 0 && v.grace == nullptr)) return std::nullopt;
+    voices.push_back(v);
+  }
+  return voices;
+}
+
+// Adds every voice with its envelope; the last note fades inside the file.
+void addVoices(std::span<const TokenVoice> voices, std::span<const int64_t> starts,
+               const EnvelopeShape& shape, float gain, std::vector<float>& out) {
+  const int64_t total = static_cast<int64_t>(out.size());
+  ReedPhases phases;
+  std::vector<float> env;
+  for (size_t i = 0; i < voices.size(); ++i) {
+    fillNoteEnvelope(shape, voices[i].nextStart, i + 1 == voices.size(), env);
+    env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - starts[i])));
+    addTokenVoice(voices[i], env, gain, phases, out.data() + starts[i]);
+  }
+}
+
 }  // namespace
 
 std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRequest& r) {
@@ -91,41 +132,16 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
     return std::nullopt;
   const auto starts = noteStartsOf(*durations);
   if (!starts) return std::nullopt;
-  std::vector<TokenVoice> voices;
-  for (size_t i = 0; i < tokens->size(); ++i) {
-    const NoteToken& t = (*tokens)[i];
-    TokenVoice v{t.graceNote < 0 ? nullptr : findSeed(*set, t.graceNote), findSeed(*set, t.mainNote),
-                 graceLeadSamples((*durations)[i]), (*starts)[i + 1] - (*starts)[i]};
-    if (v.main == nullptr || (t.graceNote >= 0 && v.grace == nullptr)) return std::nullopt;
-    voices.push_back(v);
-  }
+  const auto voices = tokenVoices(*set, *tokens, *durations, *starts);
+  if (!voices) return std::nullopt;
 
   Mix mix{std::vector<float>(size_t(starts->back()), 0.0f), *starts};
   const float gain = std::min(kMaxMelodyPeak, kMelodyPerLevel * float(r.level)) * float(r.synthVolume);
-  const int64_t total = starts->back();
-  ReedPhases phases;
-  std::vector<float> env;
-  for (size_t i = 0; i < voices.size(); ++i) {
-    const int64_t start = (*starts)[i];
-    fillNoteEnvelope(*shape, voices[i].nextStart, i + 1 == voices.size(), env);
-    env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - start)));
-    addTokenVoice(voices[i], env, gain, phases, mix.samples.data() + start);
-  }
+  addVoices(*voices, *starts, *shape, gain, mix.samples);
   applyBellows(mix.samples);
   if (r.droneMix > 0)
     addDrone(*state.drone, kDroneGain[r.droneMix] * float(state.drone->factor), mix.samples);
   return mix;
-}
-
-void limitPeaks(std::vector<float>& samples) {
-  constexpr float range = kLimiterCeiling - kLimiterKnee;
-  for (float& x : samples) {
-    const float magnitude = std::fabs(x);
-    if (magnitude > kLimiterKnee) {
-      const float bent = kLimiterKnee + range * std::tanh((magnitude - kLimiterKnee) / range);
-      x = std::copysign(bent, x);
-    }
-  }
 }
 
 bool writeMix(const std::string& outFile, Mix& mix) {
