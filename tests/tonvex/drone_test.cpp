@@ -5,7 +5,9 @@
 #include <cmath>
 
 #include "audio_measure.h"
+#include "library_state.h"
 #include "render_setup.h"
+#include "tanpura.h"
 #include "tonvex/seed_design.h"
 #include "tonvex/tonvex.h"
 
@@ -90,6 +92,27 @@ TEST_F(DroneTest, BrightnessFallsOverAPluck) {
   const auto x = droneFile(1, 2);
   // The Pa string alone sounds over the start of the cycle (with old tails).
   EXPECT_GT(zeroCrossingRate(x, at(20), at(120)), zeroCrossingRate(x, at(900), at(1000)));
+}
+
+TEST_F(DroneTest, UpperHarmonicsBloomAfterTheFundamental) {
+  // One string alone (the others silent), plucked at the cycle's start.
+  const tonvex::NoteSeed* sa = tonvex::findSeed(*tonvex::findNoteSet("e"), 24);
+  ASSERT_NE(sa, nullptr);
+  const std::array<tonvex::TanpuraString, 4> strings{
+      tonvex::TanpuraString{sa, 6000.0, 0.0, 1.0}, tonvex::TanpuraString{sa, 6000.0, 0.0, 0.0},
+      tonvex::TanpuraString{sa, 6000.0, 0.0, 0.0}, tonvex::TanpuraString{sa, 6000.0, 0.0, 0.0}};
+  const auto cycle = tonvex::renderTanpuraCycle(strings, 3200 * 441 / 10);
+  const double f0 = 44100.0 / sa->effectiveSpc();
+  auto peakTimeMs = [&](int k) {
+    double best = 0, bestMs = 0;
+    for (double ms = 0; ms < 800; ms += 10) {
+      const double m = magnitudeAt(cycle, at(ms), at(ms + 40), k * f0);
+      if (m > best) best = m, bestMs = ms;
+    }
+    return bestMs;
+  };
+  const double fundamentalPeakMs = peakTimeMs(1);
+  for (int k = 2; k <= 5; ++k) EXPECT_GT(peakTimeMs(k), fundamentalPeakMs) << "harmonic " << k;
 }
 
 }  // namespace
