@@ -2,15 +2,17 @@
 // rounded and clamped. Stateless.
 #include "pcm.h"
 
-#include <algorithm>
 
 namespace tonvex {
 
 int16_t toPcm16(float x) {
-  if (!(x == x)) return 0;  // NaN
-  const float scaled = std::clamp(x * 32767.0f, -32768.0f, 32767.0f);
-  // Round half away from zero; the truncating cast is a single instruction.
-  return static_cast<int16_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f));
+  // Branch-free, so that buffer conversion vectorises.
+  float scaled = x * 32767.0f;
+  scaled = scaled == scaled ? scaled : 0.0f;  // NaN
+  scaled = scaled > 32767.0f ? 32767.0f : scaled;
+  scaled = scaled < -32768.0f ? -32768.0f : scaled;
+  // Round half away from zero; the truncating conversion is one instruction.
+  return static_cast<int16_t>(static_cast<int32_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f)));
 }
 
 std::vector<int16_t> toPcm16(std::span<const float> samples, float gain) {
