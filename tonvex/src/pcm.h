@@ -1,5 +1,5 @@
-// Conversion of float samples (full scale = 1.0) to 16-bit PCM and back.
-// Stateless.
+// Conversion of float samples (full scale = 1.0) to 16-bit PCM, and the peak
+// of a buffer. Stateless.
 #pragma once
 
 #include <cstdint>

@@ -14,7 +14,7 @@
 //   * Output files are ordinary RIFF/WAVE, PCM, 16-bit signed, mono, 44100 Hz.
 //     Their play length equals the sum of the given durations to within one
 //     sample (the note starts are placed on the rounded running sums).
-//   * Note numbers are absolute note numbers 0 to 40 (11 is C, 130.81 Hz).
+//   * Note numbers are absolute note numbers 0 to 40 (11 is C3, 130.81 Hz).
 //
 // Meaning of the four envelope constants that every music call passes
 // (the application always passes 1000, 60, 80, 50):
