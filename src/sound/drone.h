@@ -1,0 +1,31 @@
+// The drone: its parameters reach the synthesis library, which builds the
+// tanpura sound from the drone set's seeds and mixes it under the music.
+// Reads gCurrTonicNoteId, gDroneSetName, gDroneMode, gDataPath; keeps
+// gCurrDroneType and gCurrDroneFactor (loudness, 0.5 to 1.5).
+#pragma once
+
+#include <cstdint>
+
+#include "platform/store.h"
+
+// Hands the drone's parameters to the library: in mode 1 (the one in use)
+// the upper S (tonic + 21) as the drone's note, in mode 2 the middle S
+// (tonic + 9). 1 on success; 0 after "Error in FWavLoadDroneData".
+std::int16_t fBuildDroneData();
+
+// Positions the open "Raga - Technical Information" table on gCurrRagaId
+// and, when the raga's drone type differs from gCurrDroneType, takes it and
+// rebuilds the drone ("Error in loading drone data" on failure). A raga with
+// the same drone type, or none in the table, changes nothing.
+void sAdjustDroneType(platform::Recordset& recordset);
+
+// The drone factor after one loudness step: +1 adds 0.1 while the factor
+// is below 1.5, -1 takes off 0.1 while it is above 0.5; otherwise it stays.
+// The sums are the raw floating-point ones: five steps up from 1.0 may end
+// a hair off 1.5.
+double fSteppedDroneFactor(double factor, std::int16_t step);
+
+// Steps gCurrDroneFactor by gDroneStep and rebuilds the drone whether or not
+// the factor moved. Sets gWavOption to 1. 1 on success; 0 after "Error in
+// Building DroneData". The change is heard in the next file generated.
+std::int16_t fAdjustDroneVolume();

@@ -1,0 +1,52 @@
+// Runs the whole program in the test process: real screens (Qt offscreen),
+// real store files in a temporary program folder, the silent audio device
+// on a virtual clock, and message boxes answered and recorded.
+#pragma once
+
+#include <filesystem>
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "platform/clock.h"
+#include "platform/qt/qt_window_system.h"
+
+struct RecordedMessage {
+  std::string text;
+  std::string title;
+};
+
+class ProgramHarness {
+ public:
+  // Makes a program folder with the built data files (stores, sound
+  // libraries, pictures, screens, font).
+  ProgramHarness();
+  ~ProgramHarness();
+
+  const std::filesystem::path& folder() const { return folder_; }
+  platform::VirtualClock& clock() { return clock_; }
+  const std::vector<RecordedMessage>& messages() const { return messages_; }
+
+  // Starts the program as a user would: the main window loads and the
+  // opening screen is answered with OK (or Cancel).
+  void start(bool pressOk = true, const std::string& commandLine = "");
+
+  // Delivers an event of a control (or of the screen, control "") of the
+  // named screen, as a click or timer would.
+  void fire(const std::string& screen, const std::string& control, platform::EventKind kind,
+            platform::Event event = {});
+  // The close box of a window.
+  void closeWindow(const std::string& screen);
+
+  platform::Screen& screen(const std::string& name);
+  bool mainWindowLoaded();
+
+  // Lets queued events run (deferred window deletion and the like).
+  void settle();
+
+ private:
+  std::filesystem::path folder_;
+  platform::VirtualClock clock_;
+  std::unique_ptr<platform::QtWindowSystem> windows_;
+  std::vector<RecordedMessage> messages_;
+};
