@@ -1,5 +1,6 @@
 // The drone operations: preparing the tanpura cycle from the drone set's
-// seeds, and writing the drone alone into a file. They change
+// seeds (rendered again only when the seeds, note or type changed, so that a
+// loudness step is instant), and writing the drone alone into a file. They change
 // libraryState().drone and, through the dayan's tuning, the rendered strokes.
 #include <algorithm>
 #include <cmath>
@@ -61,7 +62,12 @@ int16_t FWavLoadDroneData(const std::string& /*path*/, int32_t noteId, int32_t d
   for (const TanpuraString& s : strings)
     if (s.seed == nullptr) return 0;
   LibraryState& state = libraryState();
-  state.drone = DroneSound{renderTanpuraCycle(strings, kCycleSamples), droneFactor};
+  const DroneKey key{state.seedVersion, set->name, noteId, droneType};
+  if (state.drone && state.drone->key == key) {  // a loudness step only
+    state.drone->factor = droneFactor;
+    return 1;
+  }
+  state.drone = DroneSound{renderTanpuraCycle(strings, kCycleSamples), droneFactor, key};
   state.droneSaHz = kSampleRate / sa->effectiveSpc();
   retuneTheka(state);
   return 1;

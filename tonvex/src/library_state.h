@@ -4,6 +4,7 @@
 #pragma once
 
 #include <array>
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <vector>
@@ -19,9 +20,18 @@ struct NoteSet {
   std::array<std::optional<NoteSeed>, kMaxNoteId + 1> notes;
 };
 
+// What a drone cycle was rendered from; an equal key means the cycle stands.
+struct DroneKey {
+  uint64_t seedVersion = 0;
+  char setName = 0;
+  int32_t noteId = 0, droneType = 0;
+  bool operator==(const DroneKey&) const = default;
+};
+
 struct DroneSound {
   std::vector<float> cycle;  // one 3200 ms cycle, seamless when repeated
   double factor = 1.0;       // loudness factor given by the caller
+  DroneKey key;
 };
 
 struct LoadedKit {
@@ -33,6 +43,7 @@ struct LoadedKit {
 
 struct LibraryState {
   std::vector<NoteSet> sets;
+  uint64_t seedVersion = 0;  // counts every change of any seed
   char currInstr = 0;
   std::optional<DroneSound> drone;
   double droneSaHz = 0.0;  // the Sa the drone was built on; 0 before any

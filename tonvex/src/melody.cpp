@@ -1,11 +1,13 @@
 // Phrase rendering: note starts on the rounded running sums of the durations
 // (so the file's length is their sum to within a sample), one reed voice per
-// token with its envelope, the reeds' phases carried across tokens, then the
-// drone cycle repeated underneath. Stateless.
+// token with its envelope, the reeds' phases carried across tokens, a slow
+// bellows swell over the whole melody, then the drone cycle repeated
+// underneath. Stateless.
 #include "melody.h"
 
 #include <algorithm>
 #include <cmath>
+#include <numbers>
 
 #include "pcm.h"
 #include "reed_voice.h"
@@ -17,10 +19,11 @@ namespace {
 
 constexpr int32_t kMaxNotes = 10000;
 constexpr double kMaxNoteMs = 60000.0, kMaxTotalMs = 600000.0;
-constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 2.25f;
+constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 3.0f;
 constexpr float kDroneGain[3] = {0.0f, 0.25f, 0.4f};
 constexpr int64_t kEdgeFadeSamples = 132;  // 3 ms
-constexpr float kHeadroomPeak = 0.97f;
+// Soft limiter: above the knee, peaks bend smoothly towards the ceiling.
+constexpr float kLimiterKnee = 0.8f, kLimiterCeiling = 0.97f;
 
 std::optional<std::vector<int64_t>> noteStartsOf(std::span<const double> durationsMs) {
   std::vector<int64_t> starts{0};
@@ -41,6 +44,23 @@ bool validScalars(const LibraryState& state, const MusicRequest& r) {
   return r.synthVolume >= 1 && r.synthVolume <= 4;
 }
 
+// The bellows: a player cannot hold the pressure quite steady, so the reeds'
+// loudness swells by a few percent at two slow, unrelated rates. Evaluated
+// every 256 samples and interpolated.
+void applyBellows(std::vector<float>& melody) {
+  constexpr size_t kBlock = 256;
+  auto pressure = [](size_t n) {
+    const double t = double(n) / kSampleRate;
+    return float(1.0 + 0.03 * std::sin(2.0 * std::numbers::pi * 0.41 * t) +
+                 0.02 * std::sin(2.0 * std::numbers::pi * 0.13 * t + 1.0));
+  };
+  for (size_t b = 0; b < melody.size(); b += kBlock) {
+    const float from = pressure(b), slope = (pressure(b + kBlock) - from) / float(kBlock);
+    const int n = int(std::min(kBlock, melody.size() - b));
+    for (int i = 0; i < n; ++i) melody[b + size_t(i)] *= from + slope * float(i);
+  }
+}
+
 void addDrone(const DroneSound& drone, float gain, std::vector<float>& out) {
   const size_t cycle = drone.cycle.size();
   for (size_t at = 0; at < out.size(); at += cycle) {
@@ -58,6 +78,47 @@ void fadeEdges(std::vector<float>& samples) {
   }
 }
 
+void limitPeaks(std::vector<float>& samples) {
+  constexpr float range = kLimiterCeiling - kLimiterKnee;
+  for (float& x : samples) {
+    const float magnitude = std::fabs(x);
+    if (magnitude > kLimiterKnee) {
+      const float bent = kLimiterKnee + range * std::tanh((magnitude - kLimiterKnee) / range);
+      x = std::copysign(bent, x);
+    }
+  }
+}
+
+// The voice of each token, or nullopt when a note has no seed.
+std::optional<std::vector<TokenVoice>> tokenVoices(const NoteSet& set,
+                                                   std::span<const NoteToken> tokens,
+                                                   std::span<const double> durationsMs,
+                                                   std::span<const int64_t> starts) {
+  std::vector<TokenVoice> voices;
+  for (size_t i = 0; i < tokens.size(); ++i) {
+    const NoteToken& t = tokens[i];
+    const TokenVoice v{t.graceNote < 0 ? nullptr : findSeed(set, t.graceNote),
+                       findSeed(set, t.mainNote), graceLeadSamples(durationsMs[i]),
+                       starts[i + 1] - starts[i]};
+    if (v.main == nullptr || (t.graceNote >= 0 && v.grace == nullptr)) return std::nullopt;
+    voices.push_back(v);
+  }
+  return voices;
+}
+
+// Adds every voice with its envelope; the last note fades inside the file.
+void addVoices(std::span<const TokenVoice> voices, std::span<const int64_t> starts,
+               const EnvelopeShape& shape, float gain, std::vector<float>& out) {
+  const int64_t total = static_cast<int64_t>(out.size());
+  ReedPhases phases;
+  std::vector<float> env;
+  for (size_t i = 0; i < voices.size(); ++i) {
+    fillNoteEnvelope(shape, voices[i].nextStart, i + 1 == voices.size(), env);
+    env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - starts[i])));
+    addTokenVoice(voices[i], env, gain, phases, out.data() + starts[i]);
+  }
+}
+
 }  // namespace
 
 std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRequest& r) {
@@ -71,37 +132,22 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
     return std::nullopt;
   const auto starts = noteStartsOf(*durations);
   if (!starts) return std::nullopt;
-  std::vector<TokenVoice> voices;
-  for (size_t i = 0; i < tokens->size(); ++i) {
-    const NoteToken& t = (*tokens)[i];
-    TokenVoice v{t.graceNote < 0 ? nullptr : findSeed(*set, t.graceNote), findSeed(*set, t.mainNote),
-                 graceLeadSamples((*durations)[i]), (*starts)[i + 1] - (*starts)[i]};
-    if (v.main == nullptr || (t.graceNote >= 0 && v.grace == nullptr)) return std::nullopt;
-    voices.push_back(v);
-  }
+  const auto voices = tokenVoices(*set, *tokens, *durations, *starts);
+  if (!voices) return std::nullopt;
 
   Mix mix{std::vector<float>(size_t(starts->back()), 0.0f), *starts};
   const float gain = std::min(kMaxMelodyPeak, kMelodyPerLevel * float(r.level)) * float(r.synthVolume);
-  const int64_t total = starts->back();
-  ReedPhases phases;
-  std::vector<float> env;
-  for (size_t i = 0; i < voices.size(); ++i) {
-    const int64_t start = (*starts)[i];
-    fillNoteEnvelope(*shape, voices[i].nextStart, i + 1 == voices.size(), env);
-    env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - start)));
-    addTokenVoice(voices[i], env, gain, phases, mix.samples.data() + start);
-  }
+  addVoices(*voices, *starts, *shape, gain, mix.samples);
+  applyBellows(mix.samples);
   if (r.droneMix > 0)
     addDrone(*state.drone, kDroneGain[r.droneMix] * float(state.drone->factor), mix.samples);
   return mix;
 }
 
-bool writeMix(const std::string& outFile, const Mix& mix) {
-  std::vector<float> samples = mix.samples;
-  fadeEdges(samples);
-  const float peak = peakOf(samples);
-  const float gain = peak > kHeadroomPeak ? kHeadroomPeak / peak : 1.0f;
-  return writeWavFile(outFile, toPcm16(samples, gain));
+bool writeMix(const std::string& outFile, Mix& mix) {
+  fadeEdges(mix.samples);
+  limitPeaks(mix.samples);
+  return writeWavFile(outFile, toPcm16(mix.samples, 1.0f));
 }
 
 }  // namespace tonvex

@@ -31,7 +31,9 @@ struct Mix {
 // on any bad argument or missing seed or drone.
 std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRequest& request);
 
-// Scales the mix down if it would clip, converts it and writes the file.
-bool writeMix(const std::string& outFile, const Mix& mix);
+// Fades the mix's first and last 3 ms, bends peaks above 0.8 of full scale
+// smoothly towards 0.97 (so nothing clips and every file keeps the same
+// loudness), converts it and writes the file.
+bool writeMix(const std::string& outFile, Mix& mix);
 
 }  // namespace tonvex

@@ -10,7 +10,7 @@ using namespace tonvex;
 
 namespace {
 
-constexpr float kThekaGain = 0.5f;
+constexpr float kThekaGain = 0.4f;
 constexpr int32_t kMaxBeatMs = 10000, kMaxBeats = 64;
 
 }  // namespace
@@ -22,7 +22,7 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
                               int32_t releaseMs) {
   const MusicRequest request{noteCount, notes,       durations,    droneMix,  level,
                              synthVolume, peakPermille, attackMs, sustainPct, releaseMs};
-  const auto mix = renderMelodyAndDrone(libraryState(), request);
+  auto mix = renderMelodyAndDrone(libraryState(), request);
   return mix && writeMix(outFile, *mix) ? 1 : 0;
 }
 
@@ -34,7 +34,8 @@ int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
                                int32_t synthVolume, int32_t peakPermille, int32_t attackMs,
                                int32_t sustainPct, int32_t releaseMs) {
   const LibraryState& state = libraryState();
-  if (!state.theka || thekaInstrument < 1 || beatMs < 1 || beatMs > kMaxBeatMs) return 0;
+  if (!state.theka || thekaInstrument != state.theka->instrument) return 0;
+  if (beatMs < 1 || beatMs > kMaxBeatMs) return 0;
   if (startBeat < 1 || beatCount < startBeat || beatCount > kMaxBeats) return 0;
   const auto tokens = parseThekaTokens(theka);
   if (!tokens || tokens->size() != size_t(noteCount)) return 0;

@@ -2,16 +2,17 @@
 // rounded and clamped. Stateless.
 #include "pcm.h"
 
-#include <cmath>
 
 namespace tonvex {
 
 int16_t toPcm16(float x) {
-  if (std::isnan(x)) return 0;
-  const float scaled = std::nearbyint(x * 32767.0f);
-  if (scaled >= 32767.0f) return 32767;
-  if (scaled <= -32768.0f) return -32768;
-  return static_cast<int16_t>(scaled);
+  // Branch-free, so that buffer conversion vectorises.
+  float scaled = x * 32767.0f;
+  scaled = scaled == scaled ? scaled : 0.0f;  // NaN
+  scaled = scaled > 32767.0f ? 32767.0f : scaled;
+  scaled = scaled < -32768.0f ? -32768.0f : scaled;
+  // Round half away from zero; the truncating conversion is one instruction.
+  return static_cast<int16_t>(static_cast<int32_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f)));
 }
 
 std::vector<int16_t> toPcm16(std::span<const float> samples, float gain) {
@@ -22,7 +23,10 @@ std::vector<int16_t> toPcm16(std::span<const float> samples, float gain) {
 
 float peakOf(std::span<const float> samples) {
   float peak = 0.0f;
-  for (float s : samples) peak = std::fmax(peak, std::fabs(s));
+  for (float s : samples) {
+    const float magnitude = s < 0.0f ? -s : s;
+    peak = magnitude > peak ? magnitude : peak;
+  }
   return peak;
 }
 

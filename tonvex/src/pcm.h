@@ -1,5 +1,5 @@
-// Conversion of float samples (full scale = 1.0) to 16-bit PCM and back.
-// Stateless.
+// Conversion of float samples (full scale = 1.0) to 16-bit PCM, and the peak
+// of a buffer. Stateless.
 #pragma once
 
 #include <cstdint>
@@ -8,8 +8,8 @@
 
 namespace tonvex {
 
-// Rounds x * 32767 to the nearest integer and clamps it to -32768..32767.
-// NaN gives 0.
+// Rounds x * 32767 to the nearest integer (halves away from zero) and clamps
+// it to -32768..32767. NaN gives 0.
 int16_t toPcm16(float x);
 
 // Converts a whole buffer, multiplying each sample by gain first.

@@ -29,19 +29,31 @@ uint32_t phaseIncrement(const NoteSeed& seed, double cents) {
   return static_cast<uint32_t>(std::llround(cyclesPerSample * 4294967296.0));
 }
 
-// Adds n samples of one table oscillator, scaled by env, amp and a gain
-// ramp (gain, gain + step, ...), and returns the advanced phase.
-uint32_t addRun(const float* table, uint32_t phase, uint32_t inc, float amp, float gain,
-                float gainStep, const float* env, float* out, int64_t n) {
+// The two reeds of one seed: phases, increments and amplitudes.
+struct ReedPair {
+  uint32_t phaseA, phaseB, incA, incB;
+  float ampA, ampB;
+};
+
+inline float tableValue(const float* table, uint32_t phase) {
+  const uint32_t idx = phase >> kFracBits;
+  const float frac = float(phase & kFracMask) * kFracScale;
+  return table[idx] + frac * (table[idx + 1] - table[idx]);
+}
+
+// Adds n samples of both reeds, scaled by env and a gain ramp (gain,
+// gain + step, ...), and advances their phases.
+void addRun(const float* table, ReedPair& r, float gain, float gainStep, const float* env,
+            float* out, int64_t n) {
+  uint32_t a = r.phaseA, b = r.phaseB;
   for (int64_t i = 0; i < n; ++i) {
-    const uint32_t idx = phase >> kFracBits;
-    const float frac = float(phase & kFracMask) * kFracScale;
-    const float v = table[idx] + frac * (table[idx + 1] - table[idx]);
-    out[i] += v * env[i] * amp * gain;
+    out[i] += (tableValue(table, a) * r.ampA + tableValue(table, b) * r.ampB) * env[i] * gain;
     gain += gainStep;
-    phase += inc;
+    a += r.incA;
+    b += r.incB;
   }
-  return phase;
+  r.phaseA = a;
+  r.phaseB = b;
 }
 
 struct Span {
@@ -50,30 +62,22 @@ struct Span {
   int64_t fadeOutStart;      // gain falls 1 -> 0 over [fadeOutStart, to)
 };
 
-// One reed of one seed over a span, in three runs: fade in, flat, fade out.
-uint32_t addReed(const NoteSeed& seed, uint32_t phase, uint32_t inc, float amp, const Span& s,
-                 const float* env, float* out) {
+// Both reeds of one seed over a span, starting at phases p, in three runs:
+// fade in, flat, fade out.
+void addSeed(const NoteSeed& seed, ReedPhases p, float gain, const Span& s, const float* env,
+             float* out) {
+  ReedPair reeds{p.a, p.b, phaseIncrement(seed, kCentsA), phaseIncrement(seed, kCentsB),
+                 kReedA * gain, kReedB * gain};
+  const float* table = seed.wave.data();
   const int64_t fadeIn = s.fadeInEnd - s.from, fadeOut = s.to - s.fadeOutStart;
   int64_t at = s.from;
   if (fadeIn > 0) {
-    phase = addRun(seed.wave.data(), phase, inc, amp, 0.0f, 1.0f / fadeIn, env + at, out + at, fadeIn);
+    addRun(table, reeds, 0.0f, 1.0f / float(fadeIn), env + at, out + at, fadeIn);
     at = s.fadeInEnd;
   }
-  phase = addRun(seed.wave.data(), phase, inc, amp, 1.0f, 0.0f, env + at, out + at,
-                 s.fadeOutStart - at);
+  addRun(table, reeds, 1.0f, 0.0f, env + at, out + at, s.fadeOutStart - at);
   at = s.fadeOutStart;
-  if (fadeOut > 0)
-    phase = addRun(seed.wave.data(), phase, inc, amp, 1.0f, -1.0f / fadeOut, env + at, out + at,
-                   fadeOut);
-  return phase;
-}
-
-// Both reeds of one seed over a span, starting at phases p.
-void addSeed(const NoteSeed& seed, ReedPhases p, float gain, const Span& s, const float* env,
-             float* out) {
-  const uint32_t incA = phaseIncrement(seed, kCentsA), incB = phaseIncrement(seed, kCentsB);
-  addReed(seed, p.a, incA, kReedA * gain, s, env, out);
-  addReed(seed, p.b, incB, kReedB * gain, s, env, out);
+  if (fadeOut > 0) addRun(table, reeds, 1.0f, -1.0f / float(fadeOut), env + at, out + at, fadeOut);
 }
 
 ReedPhases advanced(ReedPhases p, const NoteSeed& seed, int64_t samples) {

@@ -8,6 +8,7 @@
 
 #include <algorithm>
 #include <cmath>
+#include <complex>
 #include <numbers>
 
 #include "tonvex/tonvex.h"
@@ -55,8 +56,13 @@ SeedSpec makeSeed(int instrumentType, int noteId) {
   std::vector<double> wave(static_cast<size_t>(seed.samPerCyc) + 1, 0.0);
   for (int k = 1; k <= harmonics; ++k) {
     const Partial p = instrumentType == kInstrumentDrone ? tanpuraPartial(k) : harmoniumPartial(k);
-    for (size_t j = 0; j < wave.size(); ++j)
-      wave[j] += p.amplitude * std::cos(2.0 * std::numbers::pi * k * double(j) / period + p.phase);
+    // cos(2 pi k j / period + phase) by rotation from j = 0.
+    std::complex<double> z = std::polar(p.amplitude, p.phase);
+    const std::complex<double> step = std::polar(1.0, 2.0 * std::numbers::pi * k / period);
+    for (double& v : wave) {
+      v += z.real();
+      z *= step;
+    }
   }
   double peak = 0.0;
   for (double v : wave) peak = std::max(peak, std::fabs(v));

@@ -18,7 +18,7 @@ struct KitMode {
   double ratio = 1.0;      // frequency as a multiple of the drum's pitch
   double amplitude = 0.0;  // initial amplitude
   double decayMs = 100.0;  // time constant of the exponential decay
-  double twinHz = 0.0;     // a second, equal partial this far above (beating)
+  double twinHz = 0.0;     // split into two equal partials this far apart (beating)
 };
 
 struct KitVoice {

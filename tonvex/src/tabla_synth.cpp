@@ -76,9 +76,12 @@ void shapeEnds(std::vector<float>& out) {
 std::vector<float> renderKitVoice(const KitVoice& voice, double drumHz) {
   std::vector<float> out(strokeLength(voice), 0.0f);
   for (const KitMode& m : voice.modes) {
-    const double share = m.twinHz > 0 ? 0.5 : 1.0;
-    addPartial(voice, m.ratio * drumHz, m.amplitude * share, m.decayMs, out);
-    if (m.twinHz > 0) addPartial(voice, m.ratio * drumHz + m.twinHz, m.amplitude * share, m.decayMs, out);
+    if (m.twinHz > 0) {  // a split pair, symmetric about the mode
+      addPartial(voice, m.ratio * drumHz - m.twinHz / 2, m.amplitude / 2, m.decayMs, out);
+      addPartial(voice, m.ratio * drumHz + m.twinHz / 2, m.amplitude / 2, m.decayMs, out);
+    } else {
+      addPartial(voice, m.ratio * drumHz, m.amplitude, m.decayMs, out);
+    }
   }
   if (voice.clickAmplitude > 0) addClick(voice, out);
   shapeEnds(out);

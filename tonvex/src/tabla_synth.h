@@ -1,6 +1,6 @@
 // Modal synthesis of tabla strokes: each mode of the drum head is an
-// exponentially decaying sinusoid (with an optional twin a little above it,
-// for the beating of split modes), the bayan's pitch can rise during the
+// exponentially decaying sinusoid (or a pair split symmetrically about it, for
+// the beating of near-degenerate modes), the bayan's pitch can rise during the
 // decay, and a low-passed noise burst gives the finger's click. Stateless.
 #pragma once
 

@@ -9,11 +9,12 @@
 //   * a little frequency jitter and a slow shimmer, different per string;
 //   * a fade over the last quarter of the two cycles a pluck is followed for,
 //     so that the wrapped tail joins without a step.
-// Partials are damped-free complex rotations; envelopes are evaluated once per
-// 64-sample block and interpolated. Stateless.
+// Envelopes are evaluated once per 256-sample block and interpolated within it.
+// Stateless.
 #include "tanpura.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <complex>
 #include <numbers>
@@ -24,7 +25,7 @@
 namespace tonvex {
 namespace {
 
-constexpr int kBlock = 64;
+constexpr int kBlock = 256;  // 5.8 ms: envelopes change slowly against it
 constexpr int kMaxPartials = 32;
 constexpr double kTopHz = 7000.0;
 constexpr double kRenderCycles = 2.0;  // how long a pluck is followed
@@ -32,11 +33,13 @@ constexpr double kRenderCycles = 2.0;  // how long a pluck is followed
 std::vector<std::complex<double>> harmonicsOf(const NoteSeed& seed, int count) {
   std::vector<std::complex<double>> h(static_cast<size_t>(count) + 1);
   for (int k = 1; k <= count; ++k) {
-    std::complex<double> sum = 0.0;
-    for (int m = 0; m < kWaveTableSize; ++m)
-      sum += double(seed.wave[m]) *
-             std::polar(1.0, -2.0 * std::numbers::pi * k * m / kWaveTableSize);
-    h[k] = sum * (2.0 / kWaveTableSize);
+    std::complex<double> sum = 0.0, rotation = 1.0;
+    const std::complex<double> step = std::polar(1.0, -2.0 * std::numbers::pi * k / kWaveTableSize);
+    for (int m = 0; m < kWaveTableSize; ++m) {
+      sum += double(seed.wave[size_t(m)]) * rotation;
+      rotation *= step;
+    }
+    h[size_t(k)] = sum * (2.0 / kWaveTableSize);
   }
   return h;
 }
@@ -52,6 +55,43 @@ double partialEnvelope(int k, double hz, double t, double tau) {
   return decay * rise * (0.3 + 1.4 * formant);
 }
 
+struct PartialSpec {
+  int k;
+  double hz, amplitude, phase, tau, shimmerHz;
+};
+
+// Adds amplitude x envelope x cos(2 pi hz t + phase) over out. Within a block
+// the oscillator is the block's start phasor times a table of the block's
+// rotations, so every sample is independent (and the loop vectorises); the
+// level ramps linearly from block to block.
+void addPartial(const PartialSpec& p, std::vector<float>& out) {
+  const double w = 2.0 * std::numbers::pi * p.hz / kSampleRate;
+  std::array<float, kBlock> cosTable, sinTable;
+  for (int n = 0; n < kBlock; ++n) {
+    cosTable[size_t(n)] = float(std::cos(w * n));
+    sinTable[size_t(n)] = float(std::sin(w * n));
+  }
+  const std::complex<double> blockStep = std::polar(1.0, w * kBlock);
+  std::complex<double> z = std::polar(1.0, p.phase);
+  const size_t length = out.size();
+  double level = 0.0;
+  for (size_t b = 0; b < length; b += kBlock) {
+    const double t = double(b + kBlock) / kSampleRate;
+    const double shimmer = 1.0 + 0.1 * std::sin(2.0 * std::numbers::pi * p.shimmerHz * t + p.k);
+    const double fadeOut = std::min(1.0, double(length - b) / (0.25 * double(length)));
+    const double target = p.amplitude * partialEnvelope(p.k, p.hz, t, p.tau) * shimmer * fadeOut;
+    const float re = float(z.real()), im = float(z.imag());
+    const float from = float(level), slope = float((target - level) / kBlock);
+    float* dest = out.data() + b;
+    const int n = int(std::min<size_t>(kBlock, length - b));
+    for (int i = 0; i < n; ++i)  // an int counter converts to float in SIMD
+      dest[i] += (from + slope * float(i)) * (re * cosTable[size_t(i)] - im * sinTable[size_t(i)]);
+    level = target;
+    z *= blockStep;
+    z /= std::abs(z);
+  }
+}
+
 void addString(const TanpuraString& s, uint32_t variation, size_t cycleSamples,
                std::vector<float>& cycle) {
   const double f0 = kSampleRate / s.seed->effectiveSpc();
@@ -64,28 +104,16 @@ void addString(const TanpuraString& s, uint32_t variation, size_t cycleSamples,
   const double shimmerHz = 0.5 + 0.1 * (variation % 5);
   std::vector<float> out(length, 0.0f);
   for (int k = 1; k <= count; ++k) {
-    const double hz = k * f0 * jitter;
-    const double amplitude = std::abs(harmonics[k]) * s.gain;
-    if (hz >= 0.45 * kSampleRate || amplitude < 1e-5) continue;
-    std::complex<double> z = std::polar(1.0, std::arg(harmonics[k]));
-    const std::complex<double> step = std::polar(1.0, 2.0 * std::numbers::pi * hz / kSampleRate);
-    double level = 0.0;
-    for (size_t b = 0; b < length; b += kBlock) {
-      const double t = double(b + kBlock) / kSampleRate;
-      const double shimmer = 1.0 + 0.1 * std::sin(2.0 * std::numbers::pi * shimmerHz * t + k);
-      const double fadeOut = std::min(1.0, double(length - b) / (0.25 * double(length)));
-      const double target = amplitude * partialEnvelope(k, hz, t, tau) * shimmer * fadeOut;
-      const double stepLevel = (target - level) / kBlock;
-      const size_t end = std::min(length, b + kBlock);
-      for (size_t n = b; n < end; ++n) {
-        out[n] += static_cast<float>(level * z.imag());
-        level += stepLevel;
-        z *= step;
-      }
-      z /= std::abs(z);
-    }
+    const PartialSpec p{k, k * f0 * jitter, std::abs(harmonics[size_t(k)]) * s.gain,
+                        std::arg(harmonics[size_t(k)]), tau, shimmerHz};
+    if (p.hz < 0.45 * kSampleRate && p.amplitude >= 1e-5) addPartial(p, out);
   }
-  for (size_t n = 0; n < length; ++n) cycle[(start + n) % cycleSamples] += out[n];
+  for (size_t done = 0; done < length;) {  // wrapped into the cycle
+    const size_t at = (start + done) % cycleSamples;
+    const size_t n = std::min(length - done, cycleSamples - at);
+    for (size_t i = 0; i < n; ++i) cycle[at + i] += out[done + i];
+    done += n;
+  }
 }
 
 }  // namespace

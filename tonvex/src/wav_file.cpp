@@ -4,6 +4,7 @@
 #include "wav_file.h"
 
 #include <array>
+#include <bit>
 #include <cstdio>
 #include <cstring>
 #include <filesystem>
@@ -53,10 +54,14 @@ bool writeComplete(std::FILE* f, std::span<const int16_t> samples) {
   const uint32_t dataBytes = static_cast<uint32_t>(samples.size() * 2);
   auto header = makeHeader(0);
   if (std::fwrite(header.data(), 1, header.size(), f) != header.size()) return false;
-  std::vector<unsigned char> bytes(dataBytes);
-  for (size_t i = 0; i < samples.size(); ++i)
-    putLe16(&bytes[2 * i], static_cast<uint16_t>(samples[i]));
-  if (std::fwrite(bytes.data(), 1, bytes.size(), f) != bytes.size()) return false;
+  if constexpr (std::endian::native == std::endian::little) {
+    if (std::fwrite(samples.data(), 2, samples.size(), f) != samples.size()) return false;
+  } else {
+    std::vector<unsigned char> bytes(dataBytes);
+    for (size_t i = 0; i < samples.size(); ++i)
+      putLe16(&bytes[2 * i], static_cast<uint16_t>(samples[i]));
+    if (std::fwrite(bytes.data(), 1, bytes.size(), f) != bytes.size()) return false;
+  }
   header = makeHeader(dataBytes);
   if (std::fseek(f, 0, SEEK_SET) != 0) return false;
   return std::fwrite(header.data(), 1, header.size(), f) == header.size();

@@ -14,7 +14,7 @@
 //   * Output files are ordinary RIFF/WAVE, PCM, 16-bit signed, mono, 44100 Hz.
 //     Their play length equals the sum of the given durations to within one
 //     sample (the note starts are placed on the rounded running sums).
-//   * Note numbers are absolute note numbers 0 to 40 (11 is C, 130.81 Hz).
+//   * Note numbers are absolute note numbers 0 to 40 (11 is C3, 130.81 Hz).
 //
 // Meaning of the four envelope constants that every music call passes
 // (the application always passes 1000, 60, 80, 50):
@@ -29,12 +29,12 @@
 //                             fades within its own duration
 //
 // `level` (0 to 1) sets the melody's loudness: the harmonium peaks at
-// 2.25 x level of full scale, at most 0.9 (0.2 gives 0.45). `droneMix` is
+// 3 x level of full scale, at most 0.9 (0.2 gives 0.6). `droneMix` is
 // 0 (no drone), 1 (drone under the melody, Demo and Learning) or 2 (a drone
 // 1.6 times stronger, for Practice, where the learner sings over it).
 // `synthVolume` (1 to 4) multiplies the melody's gain; the application
-// passes 1. The mixed file is scaled down as a whole if
-// its peak would exceed 0.97 of full scale, so nothing ever clips.
+// passes 1. Peaks of the mix above 0.8 of full scale are bent smoothly
+// towards 0.97 (a soft limiter), so nothing ever clips.
 #pragma once
 
 #include <cstdint>
@@ -87,8 +87,8 @@ int16_t FWavLoadDroneData(const std::string& path, int32_t noteId, int32_t drone
                           const std::string& droneSet, double droneFactor, int32_t droneMode);
 
 // Loads a tabla kit file (format in tonvex/README.md, written at build time by
-// tonvex-kit). A missing, truncated or altered file fails. thekaInstrument is
-// remembered as the number of the kit and must be 1 or more.
+// tonvex-kit). A missing, truncated or altered file fails. thekaInstrument
+// (1 or more) is remembered as the kit's number: music calls must name it.
 int16_t FWavLoadThekaData(const std::string& libraryFile, int32_t thekaInstrument);
 
 // Writes droneCycles (1 to 100) drone cycles of 3200 ms into outFile.
@@ -105,7 +105,8 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
                               int32_t peakPermille, int32_t attackMs, int32_t sustainPct,
                               int32_t releaseMs);
 
-// As FWavGenerateMusicFile, mixed with the loaded tabla kit. theka holds one
+// As FWavGenerateMusicFile, mixed with the loaded tabla kit, whose number
+// thekaInstrument must be (the one given to FWavLoadThekaData). theka holds one
 // token per note: "0", or "count/bol/.../bol/offset", the offset being the
 // first stroke's distance from the note's start in beats; strokes follow at
 // beatMs spacing (1 to 10000). Bol ids 1 to 20 (0 is a rest). startBeat and

@@ -1,0 +1,107 @@
+// Speed of the synthesis library: a 10-second phrase with drone and theka
+// (goal: at least 2000 times real time on one core), loading and tuning both
+// seed sets (goal: under 20 ms), and preparing the drone (done on a change
+// of tonic or drone type).
+#include <benchmark/benchmark.h>
+
+#include <filesystem>
+#include <string>
+#include <vector>
+
+#include "render_setup.h"
+#include "tonvex/seed_design.h"
+#include "tonvex/tonvex.h"
+
+namespace {
+
+std::string benchFile() {
+  return (std::filesystem::temp_directory_path() / "tonvex-bench.wav").string();
+}
+
+// 20 notes of 500 ms over a teentaal theka at 500 ms a beat: one stroke per note.
+void tenSecondPhrase(std::string& notes, std::string& durations, std::string& theka) {
+  const char* const scale[] = {"12", "14", "16", "17", "1419", "21", "23", "24", "23", "21",
+                               "19", "17", "16", "14", "12", "1614", "16", "17", "19", "12"};
+  const int bols[] = {1, 2, 2, 1, 1, 2, 2, 1, 1, 4, 4, 3, 3, 2, 2, 1, 16, 17, 18, 20};
+  for (int i = 0; i < 20; ++i) {
+    notes += std::string(i ? " " : "") + scale[i];
+    durations += std::string(i ? " " : "") + "500";
+    theka += std::string(i ? " " : "") + "1/" + std::to_string(bols[i]) + "/0";
+  }
+}
+
+void BM_TenSecondPhraseWithDroneAndTheka(benchmark::State& state) {
+  if (!tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE}).empty()) {
+    state.SkipWithError("library set-up failed");
+    return;
+  }
+  std::string notes, durations, theka;
+  tenSecondPhrase(notes, durations, theka);
+  const std::string out = benchFile();
+  for (auto _ : state) {
+    const int16_t result = FWavGenerateMusicFile1(20, notes, durations, 1, 16, theka, 4, 500, out, 1,
+                                                  0.2, 1, 1000, 60, 80, 50);
+    if (result != 1) state.SkipWithError("generation failed");
+  }
+  state.counters["x_real_time"] =
+      benchmark::Counter(10.0 * double(state.iterations()), benchmark::Counter::kIsRate);
+  std::filesystem::remove(out);
+}
+BENCHMARK(BM_TenSecondPhraseWithDroneAndTheka)->Unit(benchmark::kMillisecond);
+
+struct GeneratedSet {
+  std::vector<tonvex::SeedSpec> seeds;
+  std::array<double, tonvex::kOnprColumns> corrections;
+};
+
+GeneratedSet generatedSet(int instrumentType, int tonicId) {
+  GeneratedSet set;
+  for (int note = 0; note <= tonvex::kMaxNoteId; ++note)
+    set.seeds.push_back(tonvex::makeSeed(instrumentType, note));
+  set.corrections = tonvex::onprCorrections(tonicId, instrumentType);
+  return set;
+}
+
+// The library's part of the application's seed loading: free, load every
+// note, tune every corrected note.
+bool loadAndTune(const std::string& name, const GeneratedSet& set, int tonicId) {
+  bool ok = FWavFreeNoteSeedsMemory(name) == 1;
+  for (int note = 0; note <= tonvex::kMaxNoteId; ++note) {
+    const tonvex::SeedSpec& s = set.seeds[size_t(note)];
+    ok = ok && FWavLoadInstrNoteSeeds(name, note, s.samPerCyc, s.fractional, s.samples.data()) == 1;
+  }
+  for (int i = 0; i < tonvex::kOnprColumns; ++i)
+    if (tonicId + 2 + i <= tonvex::kMaxNoteId)
+      ok = ok && FWavTuneNote(name, tonicId + 2 + i, set.corrections[size_t(i)]) == 1;
+  return ok;
+}
+
+void BM_LoadAndTuneBothSeedSets(benchmark::State& state) {
+  const int tonicId = 3;
+  const GeneratedSet main = generatedSet(tonvex::kInstrumentMain, tonicId);
+  const GeneratedSet drone = generatedSet(tonvex::kInstrumentDrone, tonicId);
+  FWavSetGlobalVariables("ce");
+  FWavSetCurrInstr("c");
+  for (auto _ : state) {
+    if (!loadAndTune("c", main, tonicId) || !loadAndTune("e", drone, tonicId))
+      state.SkipWithError("loading failed");
+  }
+}
+BENCHMARK(BM_LoadAndTuneBothSeedSets)->Unit(benchmark::kMillisecond);
+
+void BM_PrepareDrone(benchmark::State& state) {
+  if (!tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE}).empty()) {
+    state.SkipWithError("library set-up failed");
+    return;
+  }
+  int32_t droneType = 1;
+  for (auto _ : state) {
+    droneType = 3 - droneType;  // a new type each time, so the cycle is rendered
+    if (FWavLoadDroneData("", 24, droneType, "e", 1.0, 1) != 1) state.SkipWithError("drone failed");
+  }
+}
+BENCHMARK(BM_PrepareDrone)->Unit(benchmark::kMillisecond);
+
+}  // namespace
+
+BENCHMARK_MAIN();

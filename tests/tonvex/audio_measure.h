@@ -1,0 +1,42 @@
+// Measurements of rendered audio for the tonvex tests: reading a file,
+// pitch by long-lag correlation, RMS, largest step, zero-crossing rate, and a
+// scratch directory for output files. Stateless.
+#pragma once
+
+#include <cstdint>
+#include <string>
+#include <vector>
+
+namespace tonvex_test {
+
+// Samples of a wave file the library wrote, as floats (full scale 1.0);
+// empty if it cannot be read.
+std::vector<float> readSamples(const std::string& path);
+
+// Frequency in Hz of the periodic signal in [from, to), near expectedHz
+// (within 3 %): the lag of best normalised correlation over one period, then
+// over as many periods as fit, refined by a parabola and divided by them.
+double measureHz(const std::vector<float>& x, size_t from, size_t to, double expectedHz);
+
+double centsBetween(double hz, double referenceHz);
+
+double rms(const std::vector<float>& x, size_t from, size_t to);
+
+// Largest |x[n] - x[n-1]| for n in [from, to).
+double maxStep(const std::vector<float>& x, size_t from, size_t to);
+
+// Zero crossings per second in [from, to): a rough measure of brightness.
+double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to);
+
+// Magnitude of the component at hz in [from, to) (Goertzel, Hann window).
+double magnitudeAt(const std::vector<float>& x, size_t from, size_t to, double hz);
+
+// A fresh directory for this test's files, and a file name in it.
+std::string scratchFile(const std::string& name);
+
+bool fileExists(const std::string& path);
+
+// Sample index of a time in milliseconds.
+inline size_t at(double ms) { return static_cast<size_t>(ms * 44.1); }
+
+}  // namespace tonvex_test
