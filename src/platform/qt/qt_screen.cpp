@@ -253,23 +253,37 @@ float QtScreen::height() const {
   if (window_->isMaximized() && !window_->isVisible()) return float(availableArea().height());
   return float(window_->frameGeometry().height());
 }
-void QtScreen::setLeft(float v) {
+QRect& QtScreen::requestedGeometry() {
   ensureLoaded();
-  window_->move(qRound(v), window_->frameGeometry().y());
+  if (!requestedGeometry_) requestedGeometry_ = window_->frameGeometry();
+  return *requestedGeometry_;
+}
+
+// Moves and sizes the window to the requested outer geometry.
+void QtScreen::applyRequestedGeometry() {
+  if (!requestedGeometry_ || !window_) return;
+  const QRect& r = *requestedGeometry_;
+  int frameW = window_->frameGeometry().width() - window_->width();
+  int frameH = window_->frameGeometry().height() - window_->height();
+  window_->resize(std::max(1, r.width() - frameW), std::max(1, r.height() - frameH));
+  window_->move(r.x(), r.y());
+}
+
+void QtScreen::setLeft(float v) {
+  requestedGeometry().moveLeft(qRound(v));
+  applyRequestedGeometry();
 }
 void QtScreen::setTop(float v) {
-  ensureLoaded();
-  window_->move(window_->frameGeometry().x(), qRound(v));
+  requestedGeometry().moveTop(qRound(v));
+  applyRequestedGeometry();
 }
 void QtScreen::setWidth(float v) {
-  ensureLoaded();
-  int frame = window_->frameGeometry().width() - window_->width();
-  window_->resize(std::max(1, qRound(v) - frame), window_->height());
+  requestedGeometry().setWidth(std::max(1, qRound(v)));
+  applyRequestedGeometry();
 }
 void QtScreen::setHeight(float v) {
-  ensureLoaded();
-  int frame = window_->frameGeometry().height() - window_->height();
-  window_->resize(window_->width(), std::max(1, qRound(v) - frame));
+  requestedGeometry().setHeight(std::max(1, qRound(v)));
+  applyRequestedGeometry();
 }
 
 int QtScreen::windowState() const {
@@ -287,10 +301,28 @@ void QtScreen::setWindowState(int state) {
   window_->setWindowState(s);
 }
 
-bool QtScreen::visible() const { return window_ && window_->isVisible(); }
+bool QtScreen::visible() const {
+  if (pendingVisible_) return *pendingVisible_;
+  return window_ && window_->isVisible();
+}
 
+// Showing and hiding take effect when the current event is done: the screen
+// manager shows a window, sizes it and hides it again before it shows it for
+// good, and a window system that saw the first showing would report its old
+// size late and undo the new one.
 void QtScreen::setVisible(bool on) {
   ensureLoaded();
+  if (!pendingVisible_)
+    QTimer::singleShot(0, window_.data(), [this] { applyPendingVisibility(); });
+  pendingVisible_ = on;
+}
+
+void QtScreen::applyPendingVisibility() {
+  if (!pendingVisible_ || !window_) return;
+  bool on = *pendingVisible_;
+  pendingVisible_.reset();
+  if (on && !window_->isMaximized() && !window_->isMinimized()) applyRequestedGeometry();
+  if (on) requestedGeometry_.reset();
   window_->setVisible(on);
 }
 
@@ -318,6 +350,9 @@ void QtScreen::setMousePointer(int pointer) {
 
 void QtScreen::show() {
   ensureLoaded();
+  pendingVisible_.reset();
+  if (!window_->isMaximized() && !window_->isMinimized()) applyRequestedGeometry();
+  requestedGeometry_.reset();
   window_->show();
   window_->raise();
   window_->activateWindow();
@@ -371,6 +406,8 @@ void QtScreen::destroyWindow() {
   if (!window_) return;
   ScreenWindow* window = window_;
   window_ = nullptr;
+  requestedGeometry_.reset();
+  pendingVisible_.reset();
   for (QObject* child : window->findChildren<QObject*>()) child->blockSignals(true);
   for (auto& c : controls_) c->silence();
   window->hide();

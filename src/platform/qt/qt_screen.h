@@ -11,6 +11,7 @@
 #include <QPixmap>
 #include <QPointer>
 #include <map>
+#include <optional>
 #include <memory>
 #include <vector>
 
@@ -97,6 +98,13 @@ class QtScreen : public Screen {
   QtControl* find(const std::string& name, int index) const;
   bool runUnloadEvents(int unloadMode);
   void destroyWindow();
+  // Geometry asked for while the window is shown only for a moment (the
+  // screen manager shows, sizes and hides a window before it shows it for
+  // good); applied again when the window is shown, since a window system
+  // may drop a resize that was still on its way when the window was hidden.
+  QRect& requestedGeometry();
+  void applyRequestedGeometry();
+  void applyPendingVisibility();
   void createControls();
   QButtonGroup* optionGroupFor(const ControlDefinition& def);
   QMenu* parentMenuOf(const ControlDefinition& def) const;
@@ -104,6 +112,8 @@ class QtScreen : public Screen {
   ScreenDefinition def_;
   QPointer<ScreenWindow> window_;
   QPixmap background_;
+  std::optional<QRect> requestedGeometry_;
+  std::optional<bool> pendingVisible_;  // Visible as set, until it is applied
   std::vector<std::unique_ptr<QtControl>> controls_;  // the Controls collection
   std::map<std::string, QButtonGroup*> optionGroups_;
   std::map<std::pair<std::string, EventKind>, EventHandler> handlers_;

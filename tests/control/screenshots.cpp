@@ -1,0 +1,63 @@
+// Takes pictures of every screen for the documentation: runs the program in
+// this process (as the program tests do), enters each screen from the main
+// menu at the given window size and saves what it shows.
+//
+//   nadavik_screenshots OUT_FOLDER [WIDTH HEIGHT]
+#include <QApplication>
+#include <QWidget>
+#include <cstdio>
+#include <string>
+
+#include "control/session.h"
+#include "platform/qt/qt_screen.h"
+#include "program_harness.h"
+
+namespace {
+
+void save(ProgramHarness& p, const std::string& screen, const std::string& file) {
+  auto& s = static_cast<platform::QtScreen&>(p.screen(screen));
+  p.settle();
+  s.drawingArea()->window()->grab().save(QString::fromStdString(file));
+  std::printf("%s\n", file.c_str());
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  if (argc < 2) {
+    std::fprintf(stderr, "usage: nadavik_screenshots OUT_FOLDER [WIDTH HEIGHT]\n");
+    return 2;
+  }
+  const std::string out = argv[1];
+  const float width = argc > 3 ? std::stof(argv[2]) : 1366;
+  const float height = argc > 3 ? std::stof(argv[3]) : 768;
+  const std::string size = std::to_string(int(width)) + "x" + std::to_string(int(height));
+
+  ProgramHarness p;
+  p.start();
+  p.clock().advance(7000);
+  p.fire("Nadavik", "cTimer", platform::EventKind::Timer);
+  save(p, "Nadavik", out + "/main-tips-" + size + ".png");
+  p.fire("Nadavik", "cOK", platform::EventKind::Click);
+  // Later screens open with the saved geometry: make it the size asked for.
+  gFormL = gFormT = 0;
+  gFormW = width;
+  gFormH = height;
+  gFormState = 0;
+  const std::pair<const char*, const char*> screens[] = {
+      {"cMnuExpRag", "RagaSelection1"}, {"cMnuTakQui", "Quiz"},
+      {"cMnuUseMusSam", "NVSampler"},   {"cMnuOpeWor", "Workshop"},
+      {"cMnuInvCom", "Composer"},       {"cMnuDefPitShi", "ScaleShifting"},
+      {"cMnuRevRagGro", "ReviewRagas"},
+  };
+  for (const auto& [menu, screen] : screens) {
+    p.fire("Nadavik", menu, platform::EventKind::Click);
+    save(p, screen, out + "/" + screen + "-" + size + ".png");
+    p.fire(screen, "cReturn", platform::EventKind::Click);
+  }
+  save(p, "Nadavik", out + "/main-" + size + ".png");
+  p.fire("Nadavik", "cExit", platform::EventKind::Click);
+  return 0;
+}
