@@ -5,10 +5,12 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <map>
 #include <memory>
 #include <string>
 
+#include "control/errors.h"
 #include "control/session.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
@@ -144,6 +146,23 @@ TEST_F(WorkingRecord, CutOfPhrasesCountsTokensSegmentsAndDurations) {
   EXPECT_EQ(record.RagaId, 7);
   EXPECT_EQ(record.PhraseCount, 0);
   EXPECT_TRUE(record.SegmentNotes.empty());
+}
+
+TEST_F(WorkingRecord, PhraseOutsideTheRecordIsABoundsFault) {
+  setUp(kBhupali);
+  EXPECT_EQ(fGetFromT_SegmentCount(1, 4), 0);  // the fourth record stays empty
+  const auto faultOf = [](const std::function<void()>& action) -> long {
+    try {
+      action();
+    } catch (const ErrorTrap& trap) {
+      return trap.number;
+    }
+    return 0;
+  };
+  EXPECT_EQ(faultOf([] { fGetFromT_AnALTPhraseSeg(1, 1, 1, 6); }), kErrSubscriptOutOfRange);
+  EXPECT_EQ(faultOf([] { fGetFromT_AnALTPhraseUnSeg(2, 1, 1, 1); }), kErrSubscriptOutOfRange);
+  EXPECT_EQ(faultOf([] { fGetFromT_SegmentCount(1, 0); }), kErrSubscriptOutOfRange);
+  EXPECT_EQ(faultOf([] { fCreateCompStringFromT(3, 1); }), kErrSubscriptOutOfRange);
 }
 
 TEST_F(WorkingRecord, UserStorePhrasesWithoutLayakariOrTaan) {
