@@ -25,19 +25,28 @@ constexpr double kMusicLevel = 0.2;
 constexpr std::int32_t kPeakPermille = 1000, kAttackMs = 60, kSustainPct = 80,
                        kReleaseMs = 50;
 
-struct GenerationLists {
-  std::string notes;
-  std::string durations;
-};
+void sDeleteBuildFile() {
+  std::error_code ec;
+  std::filesystem::remove(gCurrBuildFile, ec);
+}
 
-// The generation lists of the first `count` notes; false after the
-// lowest-note message. Tokens are separated by two blanks, durations by one.
-bool fMakeGenerationLists(const std::vector<std::int16_t>& noteCodes,
-                          const std::vector<std::int32_t>& durationsMs, std::int16_t count,
-                          GenerationLists& lists) {
+// The library's result and the file it wrote: 0 or an empty file fails.
+bool fBuildSucceeded(std::int16_t result) {
+  std::error_code ec;
+  const auto bytes = std::filesystem::file_size(gCurrBuildFile, ec);
+  return result != 0 && !ec && bytes > 0;
+}
+
+}  // namespace
+
+bool fCreateGenerationLists(const std::vector<std::int16_t>& noteCodes,
+                            const std::vector<std::int32_t>& durationsMs, std::int16_t count,
+                            GenerationLists& lists) {
+  NV_PROC("fCreateGenerationLists");
+  lists = {};
   if (count < 0 || static_cast<std::size_t>(count) > noteCodes.size() ||
       static_cast<std::size_t>(count) > durationsMs.size()) {
-    sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fCreateMusicFile");
+    sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fCreateGenerationLists");
     return false;
   }
   for (std::size_t i = 0; i < static_cast<std::size_t>(count); ++i) {
@@ -59,20 +68,6 @@ bool fMakeGenerationLists(const std::vector<std::int16_t>& noteCodes,
   return true;
 }
 
-void sDeleteBuildFile() {
-  std::error_code ec;
-  std::filesystem::remove(gCurrBuildFile, ec);
-}
-
-// The library's result and the file it wrote: 0 or an empty file fails.
-bool fBuildSucceeded(std::int16_t result) {
-  std::error_code ec;
-  const auto bytes = std::filesystem::file_size(gCurrBuildFile, ec);
-  return result != 0 && !ec && bytes > 0;
-}
-
-}  // namespace
-
 std::string fGetFnameForCurrTonicNote(std::int16_t noteCode) {
   NV_PROC("fGetFnameForCurrTonicNote");
   std::string digits = std::to_string(noteCode);
@@ -89,7 +84,7 @@ std::int16_t fCreateMusicFile(const std::vector<std::int16_t>& noteCodes,
                               const std::vector<std::int32_t>& durationsMs, std::int16_t count) {
   NV_PROC("fCreateMusicFile");
   GenerationLists lists;
-  if (!fMakeGenerationLists(noteCodes, durationsMs, count, lists)) return 0;
+  if (!fCreateGenerationLists(noteCodes, durationsMs, count, lists)) return 0;
   sDeleteBuildFile();
   const std::int16_t result =
       FWavGenerateMusicFile(count, lists.notes, lists.durations, gCurrBuildFile, gWavOption,
@@ -109,7 +104,7 @@ std::int16_t fCreateMusicFileWithTaal1(std::int16_t count,
                                        std::int16_t /*buffer*/) {
   NV_PROC("fCreateMusicFileWithTaal1");
   GenerationLists lists;
-  if (!fMakeGenerationLists(noteCodes, durationsMs, count, lists)) return 0;
+  if (!fCreateGenerationLists(noteCodes, durationsMs, count, lists)) return 0;
   sDeleteBuildFile();
   const std::int16_t result = FWavGenerateMusicFile1(
       count, lists.notes, lists.durations, gCompStartBeat, gFormBeatCount, theka,
