@@ -10,7 +10,9 @@
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 #include "platform/store.h"
+#include "sound/music_buffers.h"
 #include "store/positioning.h"
+#include "store/working_record_comp.h"
 
 namespace {
 
@@ -89,4 +91,14 @@ std::string fCreateThekaTokens(const std::string& matraDurations, std::int16_t t
   }
   recordset->close();
   return fJoinWords(tokens, " ");
+}
+
+std::string fCreateTalaStringForCompFromT(std::int16_t part, std::int16_t thekaType) {
+  NV_PROC("fCreateTalaStringForCompFromT");
+  if (part < 1 || part > 2) {
+    sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fCreateTalaStringForCompFromT");
+    return "";
+  }
+  const CompPartRecord& p = gCompInfo[static_cast<std::size_t>(part - 1)];
+  return fCreateThekaTokens(p.NotesDuration, p.TalaId, p.StartingBeat, thekaType, gFormBeatCount);
 }

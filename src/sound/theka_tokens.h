@@ -1,6 +1,7 @@
 // Theka tokens of a composition part: for each note, how many tabla strokes
 // begin inside it, which bols they are and how far into the note the first
-// one falls. Reads the store table "ThekaTypeBolsForTaal"; keeps no state.
+// one falls. Reads the store table "ThekaTypeBolsForTaal" of the library
+// store and the composition at hand, gCompInfo; keeps no state.
 //
 // A token is "0" (no stroke) or "count/bol/.../bol/offset", the offset in
 // beats. Beats are counted 1 to `beats` round the tala cycle.
@@ -33,3 +34,8 @@ std::string fGetThekaStringForTalaString(const std::string& talaString, std::int
 std::string fCreateThekaTokens(const std::string& matraDurations, std::int16_t talaId,
                                std::int16_t startingBeat, std::int16_t thekaType,
                                std::int16_t beats);
+
+// The theka token list of part `part` (1 Asthai, 2 Antara) of gCompInfo, from
+// its NotesDuration, TalaId and StartingBeat, in a cycle of gFormBeatCount
+// beats. Another part is a range error and gives "".
+std::string fCreateTalaStringForCompFromT(std::int16_t part, std::int16_t thekaType);
