@@ -13,7 +13,9 @@
 #include "notation/durations.h"
 #include "notation/phrase_forms.h"
 #include "notation/tokenizer.h"
+#include "fake_screen.h"
 #include "sound/notes_list.h"
+#include "sound/speed_factor.h"
 
 namespace {
 
@@ -96,6 +98,37 @@ TEST_F(NotesListTest, ACompositionOutsideDemoIsTimedOnItsBeatGrid) {
   gCurrMode = 1;  // Demo: per note
   ASSERT_EQ(fCreateNotesList1(0), 4);
   EXPECT_EQ(gMusicBuffers[0].TimesMs, (Ms{0, 660, 990, 1320, 2640}));
+}
+
+TEST_F(NotesListTest, TheGridRunsAtTheSlidersTempoRoundedAtEachSlot) {
+  FakeScreen screen;
+  gCurrForm = &screen;
+  gSpeedFactors = {0, 5.0, 3.33, 2.5, 2.0, 1.67, 1.43, 1.25, 1.11, 1.0,
+                   0.8, 0.67, 0.57, 0.5, 0.44, 0.4, 0.36, 0.33, 0};
+  gCurrPhraseKind = 8;
+  gCurrMode = 2;
+  gBaseMatraMs = 33;
+  gRowsPerCycle = 1;
+  gFormBeatCount = 4;
+  sPlayOnePhrase("S R G M", "33 33 33 33");
+  struct Row {
+    int slider;
+    Ms times;
+    int beatMs;
+  } rows[] = {
+      {9, {0, 330, 660, 990, 0}, 330},
+      {13, {0, 165, 330, 495, 0}, 165},
+      {5, {0, 551, 1102, 1653, 0}, 551},  // 551.1 a slot, rounded at every step
+  };
+  for (const Row& r : rows) {
+    screen.control("cSlider").setValue(r.slider);
+    ASSERT_EQ(fCreateNotesList1(0), 4);
+    EXPECT_EQ(gMusicBuffers[0].TimesMs, r.times) << r.slider;
+    EXPECT_EQ(fCurrBeatMs(), r.beatMs) << r.slider;
+  }
+  screen.control("cSlider").setValue(19);
+  EXPECT_THROW(fCreateNotesList1(0), ErrorTrap);
+  gCurrForm = nullptr;
 }
 
 TEST_F(NotesListTest, NotesPastTheLastDurationWordGetNoTime) {
