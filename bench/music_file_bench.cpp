@@ -1,7 +1,8 @@
 // Speed of making the first file of an item ready to play: filling music
 // buffer 0 from the playlist and having the synthesis library write A.wav,
-// for the aroha and avroha of a raga and for the longest stored alap phrase
-// of the library, with the sound library started on the built stores. The
+// for the aroha and avroha of a raga, for the longest stored alap phrase of
+// the library and for a composition part with its theka, with the sound
+// library started on the built stores. The
 // whole Play path should stay under 30 ms. Filling the buffer alone is
 // measured too, to show where the time goes.
 #include <benchmark/benchmark.h>
@@ -21,7 +22,10 @@
 #include "sound/music_file.h"
 #include "sound/notes_list.h"
 #include "store/queries.h"
+#include "notation/durations.h"
+#include "sound/theka_tokens.h"
 #include "store/working_record.h"
+#include "store/working_record_comp.h"
 
 namespace fs = std::filesystem;
 
@@ -109,6 +113,21 @@ void sPlayLongestAlap() {
   sPlayOnePhrase(notes, durations);
 }
 
+// The Asthai of a stored Teentaal composition with its theka, as the
+// composition player builds it in Demo.
+void sPlayTeentaalAsthai() {
+  gCurrItemType = 6;
+  gCurrPhraseKind = 8;
+  gThekaMode = 1;
+  gFormBeatCount = 16;
+  sDBToTCompData(1, 101);
+  const CompPartRecord& part = gCompInfo[0];
+  gBaseMatraMs = part.PlayingSpeed;
+  sPlayOnePhrase(part.Notation, fConvertMatraToDuration(part.NotesDuration, part.PlayingSpeed));
+  gMusicBuffers[0].StartingBeat = part.StartingBeat;
+  gMusicBuffers[0].Theka = fCreateTalaStringForCompFromT(1, gThekaInstrument);
+}
+
 void sReportPhrase(benchmark::State& state) {
   state.counters["notes"] = static_cast<double>(fSplitWords(gPlaySet.NotePhrases[0], " ").size());
   state.counters["audio_ms"] = gMusicBuffers[0].TimesMs.back();
@@ -132,6 +151,11 @@ void BM_FirstFileOfLongestAlapPhrase(benchmark::State& state) {
   sBuildFirstFile(state, sPlayLongestAlap);
 }
 BENCHMARK(BM_FirstFileOfLongestAlapPhrase)->Unit(benchmark::kMillisecond);
+
+void BM_FirstFileOfTeentaalAsthaiWithTheka(benchmark::State& state) {
+  sBuildFirstFile(state, sPlayTeentaalAsthai);
+}
+BENCHMARK(BM_FirstFileOfTeentaalAsthaiWithTheka)->Unit(benchmark::kMillisecond);
 
 void BM_NotesListOfLongestAlapPhrase(benchmark::State& state) {
   BenchSession session;
