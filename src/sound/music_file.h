@@ -31,6 +31,19 @@ std::int16_t fCreateMusicFileWithTaal1(std::int16_t count,
                                        const std::string& theka, std::int32_t beatMs,
                                        std::int16_t buffer);
 
+// The library's note and duration lists of the first `count` notes, as both
+// builders hand them over: each note's generation token (only the main note
+// when the note lasts 250 ms or less), tokens separated by two blanks, and
+// the durations in milliseconds separated by one. False, after the
+// lowest-note message, for a code below 3.
+struct GenerationLists {
+  std::string notes;
+  std::string durations;
+};
+bool fCreateGenerationLists(const std::vector<std::int16_t>& noteCodes,
+                            const std::vector<std::int32_t>& durationsMs, std::int16_t count,
+                            GenerationLists& lists);
+
 // Generation token of a note code at the tonic gCurrTonicNoteId: each
 // two-digit piece of the code shifted by tonic - 3 and written in two
 // digits ("12" at tonic 5 is "14", 1214 gives "1416"). A three-digit code

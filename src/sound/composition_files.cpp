@@ -1,0 +1,41 @@
+// Both parts of a composition into A.wav and B.wav (see
+// composition_files.h).
+#include "sound/composition_files.h"
+
+#include "control/errors.h"
+#include "control/session.h"
+#include "sound/music_buffers.h"
+#include "sound/music_file.h"
+#include "sound/notes_list.h"
+
+// From the composition player's preparation: loads the parts of gCompInfo
+// into gPhraseSet and fills the buffers' captions, theka tokens, starting
+// beats and beat counts.
+void sPreprocCompDataFromT();
+
+namespace {
+
+// Phrase `position` of gPhraseSet into buffer `buffer` and its file.
+std::int16_t fBuildPart(std::int16_t position, std::int16_t buffer) {
+  gPhraseSet.Position = position;
+  gPlaySet = gPhraseSet;
+  gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
+  return fPrepareToPlaySelection1(buffer);
+}
+
+}  // namespace
+
+std::int16_t fCreateCompositionMusicFilesFromT() {
+  NV_PROC("fCreateCompositionMusicFilesFromT");
+  gWavOption = 1;
+  sPreprocCompDataFromT();
+  gPhraseSet.FirstPhrase = 1;
+  gPhraseSet.LastPhrase = gPhraseSet.Count;
+  if (fBuildPart(1, 0) == 0) return 0;
+  if (gCurrPhraseKind != 9) {
+    const std::int16_t built = fBuildPart(2, 1);
+    gPhraseSet.Position = 1;
+    if (built == 0) return 0;
+  }
+  return 1;
+}
