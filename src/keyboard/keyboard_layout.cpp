@@ -82,12 +82,11 @@ void hideReedsOutsideRange(platform::Screen& form) {
 void sLoadKBReedsAndLabels(platform::Screen& form) {
   NV_PROC("sLoadKBReedsAndLabels");
   if (!hasKeyboard(form)) return;
-  for (std::int16_t colour : {kWhiteReed, kBlackReed}) {
-    for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
-      if (gReedColorType[static_cast<std::size_t>(n)] == colour) form.loadElement("cR", n);
-    for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
-      if (gReedColorType[static_cast<std::size_t>(n)] == colour) form.loadElement("cL", n);
-  }
+  for (std::int16_t colour : {kWhiteReed, kBlackReed})
+    for (const char* array : {"cR", "cL"})
+      for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
+        if (gReedColorType[static_cast<std::size_t>(n)] == colour)
+          form.loadElement(array, n).setBackColor(fReedDefaultColor(n));
 }
 
 void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show) {
@@ -98,7 +97,7 @@ void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show) {
   platform::Control& line = form.control("cLine1");
   const float x1 = kSideMarginPx;
   const float x2 = form.width() - kSideMarginPx;
-  const float top = line.y1();
+  const float top = std::round(line.y1());
   line.setLine(x1, top, x2, top);
   line.setVisible(true);
 
