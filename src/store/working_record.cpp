@@ -17,9 +17,9 @@ constexpr std::int16_t kNotes = 1;
 bool wantsNotes(std::int16_t which) { return which == kNotes; }
 
 // The record of altType in the store dbSelector names; nullptr (after
-// error 9) for an altType outside 1 to 3.
+// error 9) for an altType outside the table.
 const TAltRecord* altRecord(std::int16_t dbSelector, std::int16_t altType) {
-  if (altType < 1 || altType >= kAltRecordCount) {
+  if (altType < 1 || altType > kAltRecordCount) {
     sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fGetFromT_");
     return nullptr;
   }

@@ -94,8 +94,9 @@ void sLoadRagaALTInfoIntoT(TAltRecord& record, std::int16_t phraseType, std::int
 
 // Getters ---------------------------------------------------------------------
 // which: 1 notes, any other value durations. dbSelector: 1 gTAlt, any other
-// value gTUserAlt. altType: PhraseType 1 to 3. phraseNo: from 1. An altType
-// or phraseNo out of range is run-time error 9 (subscript out of range).
+// value gTUserAlt. altType: PhraseType 1 to 3 (4 is the empty record).
+// phraseNo: from 1. An altType or phraseNo out of range is run-time error 9
+// (subscript out of range), which the common error trap reports.
 
 std::string fGetFromT_ArohaPhrase(std::int16_t which);
 std::string fGetFromT_AvrohaPhrase(std::int16_t which);

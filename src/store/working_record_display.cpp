@@ -39,11 +39,6 @@ std::unique_ptr<platform::Recordset> currRagaRow() {
   return raga;
 }
 
-void setScriptFont(platform::Control& box) {
-  if (gNotationScript == 1) sSetDevnagariFont(box);
-  if (gNotationScript == 2) sSetEnglishFont(box);
-}
-
 void showBasicData(const BasicTexts& texts) {
   if (gCurrForm == nullptr) return;
   platform::Screen& form = *gCurrForm;
@@ -52,7 +47,7 @@ void showBasicData(const BasicTexts& texts) {
                                                      &texts.vadi, &texts.samvadi};
   for (std::size_t i = 0; i < kBasicBoxes.size(); ++i) {
     platform::Control& box = form.control(kBasicBoxes[i]);
-    setScriptFont(box);
+    sAdjustFont(box);
     sLoadNotation(box, *phrases[i]);
   }
   form.control("cRaga").setVisible(true);
