@@ -4,14 +4,10 @@
 
 #include "control/errors.h"
 #include "control/session.h"
+#include "player/composition_prep.h"
 #include "sound/music_buffers.h"
 #include "sound/music_file.h"
 #include "sound/notes_list.h"
-
-// From the composition player's preparation: loads the parts of gCompInfo
-// into gPhraseSet and fills the buffers' captions, theka tokens, starting
-// beats and beat counts.
-void sPreprocCompDataFromT();
 
 namespace {
 

@@ -1,0 +1,143 @@
+// The illustration catalogue (see illustrations.h).
+#include "exploration/illustrations.h"
+
+#include <memory>
+#include <string>
+
+#include "control/errors.h"
+#include "control/session.h"
+#include "exploration/exploration_state.h"
+#include "platform/screen.h"
+#include "platform/store.h"
+#include "store/lookups.h"
+#include "store/positioning.h"
+#include "store/queries.h"
+#include "store/query_open.h"
+
+namespace {
+
+using platform::RecordsetType;
+
+constexpr std::int16_t kTrue = -1;
+constexpr std::int16_t kLibrary = 1;
+constexpr std::int16_t kUser = 2;
+
+// Keys of the illustration classes.
+constexpr int kScaleKey = 1;
+constexpr int kPakadKey = 2;
+constexpr int kAlapKey = 3;
+constexpr int kLayakariKey = 4;
+constexpr int kTaanKey = 5;
+constexpr int kCompositionKey = 6;
+constexpr int kSimilarKey = 7;
+constexpr int kFilmKey = 8;
+
+// Types of the composition query.
+constexpr int kSimilarType = 1;
+constexpr int kCompositionType = 2;
+constexpr int kFilmType = 3;
+
+std::unique_ptr<platform::Recordset> openIllustrations() {
+  return gDbA->openRecordset("IllustrationsList", RecordsetType::Table);
+}
+
+// The caption of class `key`, "" when the table lacks it.
+std::string fCaption(platform::Recordset& table, int key) {
+  sSetTablePKRecord(table, key);
+  if (table.noMatch()) return "";
+  return table.field("IllustrationName").asText();
+}
+
+std::string fCounted(platform::Recordset& table, int key, std::int16_t count) {
+  return fCaption(table, key) + "(" + std::to_string(count) + ")";
+}
+
+// Adds "<label> - <name>" for each item of `type` of the raga in `store`;
+// true when the query could be opened (whether or not it had rows).
+bool fAddItems(platform::Control& list, platform::Database& store, int type,
+               const std::string& label) {
+  sPatchSQLStr7(gCurrRagaId, type);
+  auto rs = fOpenQuery(store, gSQLStr7);
+  if (!rs) return false;
+  for (; !rs->eof(); rs->moveNext()) list.addItem(label + " - " + rs->field("Add Info").asText());
+  return true;
+}
+
+}  // namespace
+
+void sLoadSystemIllustratinsList() {
+  NV_PROC("sLoadSystemIllustratinsList");
+  platform::Control& list = gCurrForm->control("cNVIllusList");
+  auto table = openIllustrations();
+  list.clear();
+  list.addItem(fCaption(*table, kScaleKey));
+  list.addItem(fCaption(*table, kPakadKey));
+  list.addItem(fCounted(*table, kAlapKey,
+                        fHasAlap(gCurrRagaId, kLibrary) == kTrue ? fAlapCount(gCurrRagaId, kLibrary)
+                                                                  : 0));
+  if (fHasLayakari(gCurrRagaId, kLibrary) == kTrue)
+    list.addItem(fCounted(*table, kLayakariKey, fLayakariCount(gCurrRagaId, kLibrary)));
+  if (fHasTaan(gCurrRagaId, kLibrary) == kTrue)
+    list.addItem(fCounted(*table, kTaanKey, fTaanCount(gCurrRagaId, kLibrary)));
+  fCaption(*table, kCompositionKey);
+  fAddItems(list, *gDbA, kCompositionType, "Composition");
+  fCaption(*table, kSimilarKey);
+  if (fHasSimilarRagas(gCurrRagaId, kLibrary) == kTrue)
+    fAddItems(list, *gDbA, kSimilarType, "Similar Raga");
+  fCaption(*table, kFilmKey);
+  if (fHasFilmSongs(gCurrRagaId, kLibrary) == kTrue)
+    fAddItems(list, *gDbA, kFilmType, "Film Song");
+  list.setVisible(true);
+}
+
+std::int16_t fLoadUserIllustrationsList() {
+  NV_PROC("fLoadUserIllustrationsList");
+  std::int16_t shown = 0;
+  platform::Control& list = gCurrForm->control("cUserIllusList");
+  auto table = openIllustrations();
+  list.clear();
+  if (!gDbB) return shown;
+  if (fHasAlap(gCurrRagaId, kUser) == kTrue) {
+    list.addItem(fCounted(*table, kAlapKey, fAlapCount(gCurrRagaId, kUser)));
+    shown = kTrue;
+  }
+  if (fHasLayakari(gCurrRagaId, kUser) == kTrue) {
+    list.addItem(fCounted(*table, kLayakariKey, fLayakariCount(gCurrRagaId, kUser)));
+    shown = kTrue;
+  }
+  if (fHasTaan(gCurrRagaId, kUser) == kTrue) {
+    list.addItem(fCounted(*table, kTaanKey, fTaanCount(gCurrRagaId, kUser)));
+    shown = kTrue;
+  }
+  if (fHasCompositions(gCurrRagaId, kUser) == kTrue) {
+    fAddItems(list, *gDbB, kCompositionType, "Composition");
+    shown = kTrue;
+  }
+  return shown;
+}
+
+std::int16_t fLoadScalesList() {
+  NV_PROC("fLoadScalesList");
+  if (!gDbB) return 0;
+  auto table = gDbB->openRecordset("Scale Shift Specs", RecordsetType::Table);
+  if (table->eof()) return 0;
+  platform::Control& list = gCurrForm->control("cScaleList");
+  list.clear();
+  for (; !table->eof(); table->moveNext()) list.addItem(table->field("NPSetName").asText());
+  return kTrue;
+}
+
+void sLoadRagaNotes() {
+  NV_PROC("sLoadRagaNotes");
+  auto table = gDbA->openRecordset("Raga - Technical Information", RecordsetType::Table);
+  sSetTablePKRecord(*table, gCurrRagaId);
+  if (table->noMatch()) {
+    gRagaNotesText.clear();
+    return;
+  }
+  std::string thata = table->field("Thata").asText();
+  if (thata.empty()) thata = "(Undefined)";
+  gRagaNotesText = "Thata = " + thata + "; Jati = " + table->field("Jati").asText() +
+                   "; Time = " + table->field("Appropriate time").asText() + gCrLf +
+                   table->field("Notes").asText();
+}

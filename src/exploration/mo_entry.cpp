@@ -1,0 +1,104 @@
+// Opening the Raga Exploration screen: the raga's data, its lists laid out
+// in a row, Demo mode, the keyboard and the menus' check marks.
+// No state of its own beyond the screen's session values it resets.
+#include "exploration/exploration.h"
+
+#include "control/errors.h"
+#include "control/screen_manager.h"
+#include "control/session.h"
+#include "control/trace.h"
+#include "exploration/exploration_state.h"
+#include "exploration/illustrations.h"
+#include "exploration/prompts.h"
+#include "keyboard/keyboard_layout.h"
+#include "notation/fonts.h"
+#include "platform/screen.h"
+#include "sound/play_state.h"
+#include "sound/playback.h"
+#include "store/working_record_display.h"
+
+namespace {
+
+constexpr std::int16_t kTrue = -1;
+
+// Places a list (or the mode frame) and its label at `left`; answers the
+// left edge of the next column.
+float fPlaceColumn(platform::Screen& form, const char* list, const char* label, float left) {
+  form.control(list).setLeft(left);
+  form.control(label).setLeft(left);
+  form.control(list).setVisible(true);
+  form.control(label).setVisible(true);
+  return left + form.control(list).width() + 0.02F * form.width();
+}
+
+void sHideColumn(platform::Screen& form, const char* list, const char* label) {
+  form.control(list).setVisible(false);
+  form.control(label).setVisible(false);
+}
+
+// The row of lists, centred: the library's items, the user's items and
+// the scales when they have any, then the mode frame.
+void sLayOutLists(platform::Screen& form) {
+  const float listWidth = form.control("cNVIllusList").width();
+  float left = form.width() / 2 - (2 * listWidth + 0.03F * form.width());
+  left = fPlaceColumn(form, "cNVIllusList", "Label1", left);
+  if (gUserItemsShown == kTrue)
+    left = fPlaceColumn(form, "cUserIllusList", "Label8", left);
+  else
+    sHideColumn(form, "cUserIllusList", "Label8");
+  if (gUserScalesShown == kTrue)
+    left = fPlaceColumn(form, "cScaleList", "Label16", left);
+  else
+    sHideColumn(form, "cScaleList", "Label16");
+  fPlaceColumn(form, "Frame1", "Label17", left);
+}
+
+}  // namespace
+
+void sInitMainOperations() {
+  NV_PROC("sInitMainOperations");
+  sSetFormParameters();
+  sEnterForm(kFormMainOperations);
+  gCallbackContext = 12;
+  sMnuTraceCheck();
+  platform::Screen& form = *gCurrForm;
+
+  sDisplayRagaBasicData();
+  sAdjustFont(form.control("cCurrentItem"));
+  sLoadRagaNotes();
+  sLoadSystemIllustratinsList();
+
+  gCurrNotation.clear();
+  gLastLearnNotation.clear();
+  gLastLearnSpeed = 0;
+  gPhraseStep = 1;
+  gCurrMode = 1;
+  gLooping = false;
+
+  gUserScalesShown = fLoadScalesList();
+  gModeFrameShown = kTrue;
+  gUserItemsShown = fLoadUserIllustrationsList();
+  form.control("cLine2").setVisible(true);
+  sLayOutLists(form);
+
+  form.control("Option1").setValue(-1);
+  form.control("cMnuDev").setVisible(gDevnagariOk == kTrue);
+
+  sLoadKBReedsAndLabels(form);
+  if (gKeyboardDisplay == 1) {
+    form.control("cLine1").setVisible(true);
+    sKeyBoardDisplayOn(form, 1);
+  }
+  form.control("cNotes").setVisible(true);
+  form.control("cNotes").setText(gRagaNotesText);
+  sMnuGraceNotesCheck();
+  sMnuNotationScriptCheck();
+  sMnuTonicNoteCheck();
+  sMnuKeyboardDisplayCheck();
+  sDisplayDemoModePrompts();
+}
+
+void sTerminateMainOperations() {
+  NV_PROC("sTerminateMainOperations");
+  sStructuredTermination(1);
+}
