@@ -1,0 +1,247 @@
+// The Raga Exploration screen in the whole program: entering for Yaman shows
+// its data and lists; Demo plays an item through with the notation and the
+// reeds following the sound; Learning steps through phrases; Practice
+// refuses bad notation with the screen's messages; Stop ends a run.
+// Runs on Qt offscreen with the silent device on a virtual clock.
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <string>
+#include <vector>
+
+#include "control/screen_manager.h"
+#include "control/session.h"
+#include "exploration/exploration.h"
+#include "exploration/exploration_state.h"
+#include "keyboard/reeds.h"
+#include "platform/screen.h"
+#include "program_harness.h"
+#include "sound/music_buffers.h"
+#include "store/lookups.h"
+#include "store/working_record.h"
+
+using platform::EventKind;
+
+namespace {
+
+constexpr std::int16_t kYaman = 1;
+
+class MainOperationsTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    program.start();
+    program.clock().advance(7000);
+    program.fire("Nadavik", "cTimer", EventKind::Timer);
+    if (gTipSignal == 1) program.fire("Nadavik", "cOK", EventKind::Click);
+    program.fire("Nadavik", "cMnuExpRag", EventKind::Click);
+    gCurrRagaId = kYaman;
+    gCurrRagaName = fGetRagaName(kYaman);
+    sSetupForCurrRaga();
+    sMainOperations(0);
+  }
+
+  platform::Screen& screen() { return program.screen("MainOperations"); }
+  platform::Control& ctl(const char* name) { return screen().control(name); }
+
+  std::vector<std::string> listItems(const char* name) {
+    std::vector<std::string> items;
+    for (int i = 0; i < ctl(name).listCount(); ++i) items.push_back(ctl(name).list(i));
+    return items;
+  }
+
+  // Clicks the entry of cNVIllusList that begins with `start`.
+  void clickItem(const std::string& start) {
+    platform::Control& list = ctl("cNVIllusList");
+    for (int i = 0; i < list.listCount(); ++i) {
+      if (list.list(i).rfind(start, 0) != 0) continue;
+      list.setListIndex(i);
+      program.fire("MainOperations", "cNVIllusList", EventKind::Click);
+      return;
+    }
+    FAIL() << "no item " << start;
+  }
+
+  void click(const char* control) { program.fire("MainOperations", control, EventKind::Click); }
+
+  int markedReedCount() {
+    int marked = 0;
+    for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
+      if (screen().hasControl("cL", n) && screen().control("cL", n).backColor() != fReedDefaultColor(n))
+        ++marked;
+    return marked;
+  }
+
+  std::vector<std::string> messageTexts() {
+    std::vector<std::string> texts;
+    for (const RecordedMessage& m : program.messages()) texts.push_back(m.text);
+    return texts;
+  }
+
+  ProgramHarness program;
+};
+
+TEST_F(MainOperationsTest, EnteringShowsTheRagasDataListsAndDemoPrompts) {
+  EXPECT_EQ(gCurrFormId, kFormMainOperations);
+  EXPECT_EQ(ctl("cRaga").text(), "Yaman");
+  EXPECT_EQ(gCurrMode, 1);
+  EXPECT_EQ(ctl("Option1").value(), -1);
+  EXPECT_EQ(listItems("cNVIllusList"),
+            (std::vector<std::string>{"Aroha and Avroha", "Pakad", "Alap Phrases(5)",
+                                      "Layakari Phrases(2)", "Taan Phrases(4)",
+                                      "Composition - Saanjh bhayi",
+                                      "Composition - Tarana in drut Teentaal",
+                                      "Similar Raga - Yaman Kalyan",
+                                      "Similar Raga - Shuddha Kalyan"}));
+  EXPECT_TRUE(ctl("cNVIllusList").visible());
+  // A fresh user store has no items and no scales: their columns stay hidden.
+  EXPECT_FALSE(ctl("cUserIllusList").visible());
+  EXPECT_FALSE(ctl("cScaleList").visible());
+  EXPECT_EQ(ctl("cNotes").text().rfind("Thata = Kalyan; Jati = Sampoorna - Sampoorna; Time = ", 0),
+            0u);
+  EXPECT_TRUE(ctl("cNotes").visible());
+  EXPECT_EQ(ctl("cPrompts").text().rfind("Using NV Scale with ", 0), 0u);
+  EXPECT_FALSE(ctl("cPlay").visible());
+  EXPECT_LT(ctl("cNVIllusList").left(), ctl("Frame1").left());
+}
+
+TEST_F(MainOperationsTest, DemoOfTheArohaPlaysThroughWithNotationAndReedsStepping) {
+  clickItem("Aroha");
+  EXPECT_EQ(ctl("cNVIllusList").listIndex(), -1);
+  EXPECT_EQ(ctl("cInfo").text(), "Playing Aroha + Avroha");
+  EXPECT_FALSE(ctl("cPlay").enabled());
+  EXPECT_TRUE(ctl("cStop").enabled());
+  EXPECT_FALSE(ctl("cNVIllusList").enabled());
+  const std::string first = ctl("cCurrentItem").text();
+  EXPECT_FALSE(first.empty());
+  int longest = static_cast<int>(first.size());
+  bool reedsLit = markedReedCount() > 0;
+  for (int step = 0; step < 200 && !ctl("cNVIllusList").enabled(); ++step) {
+    program.clock().advance(50);
+    if (!ctl("cCurrentItem").visible()) break;
+    longest = std::max(longest, static_cast<int>(ctl("cCurrentItem").text().size()));
+    reedsLit = reedsLit || markedReedCount() > 0;
+  }
+  // Fifteen notes of aroha and avroha, each appended after three blanks.
+  EXPECT_GT(longest, static_cast<int>(first.size()) + 14 * 3);
+  EXPECT_TRUE(reedsLit);
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());  // event 19 gave the selections back
+  EXPECT_FALSE(ctl("cCurrentItem").visible());
+  EXPECT_EQ(markedReedCount(), 0);
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, LearningStepsThroughAlapPhrasesAndStopReenablesPlay) {
+  click("Option2");
+  EXPECT_EQ(gCurrMode, 2);
+  clickItem("Alap");
+  EXPECT_EQ(ctl("cInfo").text(), "(Alap 1/5)");
+  EXPECT_TRUE(ctl("cPlay").enabled());
+  EXPECT_TRUE(ctl("Frame2").visible());
+  EXPECT_EQ(ctl("Option4").caption(), "Next");
+  const std::string phrase1 = ctl("cCurrentItem").text();
+
+  click("Option4");
+  EXPECT_EQ(ctl("cInfo").text(), "(Alap 2/5)");
+  click("Option5");
+  click("Option5");
+  EXPECT_EQ(ctl("cInfo").text(), "(Alap 5/5)");  // Prev wraps from the first to the last
+  click("Option4");
+  EXPECT_EQ(ctl("cCurrentItem").text(), phrase1);
+
+  click("cPlay");
+  EXPECT_FALSE(ctl("cPlay").enabled());
+  EXPECT_TRUE(ctl("cStop").enabled());
+  program.clock().advance(300);
+  click("cStop");
+  program.clock().advance(100);
+  EXPECT_TRUE(ctl("cPlay").enabled());
+  EXPECT_EQ(ctl("cCurrentItem").text(), phrase1);
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, PracticeRefusesBadNotationWithTheScreensMessages) {
+  click("Option3");
+  clickItem("Pakad");
+  EXPECT_FALSE(ctl("cCurrentItem").locked());
+  struct Case {
+    std::string notation;
+    std::string message;
+  };
+  const std::vector<Case> cases = {
+      {"x", "One or more changes you made are not allowable. Please check and correct errors."},
+      {std::string(10000, 'S'),
+       "One or more changes you made are not allowable. Please check and correct errors."},
+      {"S R , G", "One or more changes you made are not allowable. Please check and correct errors."},
+      {"", "Please select an item to play"},
+  };
+  for (const Case& c : cases) {
+    ctl("cCurrentItem").setText(c.notation);
+    const std::size_t before = program.messages().size();
+    click("cPlay");
+    ASSERT_EQ(program.messages().size(), before + 1) << c.notation.substr(0, 20);
+    EXPECT_EQ(program.messages().back().text, c.message);
+    EXPECT_TRUE(ctl("cPlay").enabled());
+    EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  }
+}
+
+TEST_F(MainOperationsTest, PracticePlaysTheEditedNotationSegmentBySegment) {
+  click("cMnuEng");
+  EXPECT_EQ(gNotationScript, 2);
+  click("Option3");
+  clickItem("Pakad");
+  ctl("cCurrentItem").setText("S R G : M P");
+  click("cPlay");
+  ASSERT_TRUE(messageTexts().empty()) << messageTexts().front();
+  ASSERT_EQ(gPlaySet.Count, 2);
+  EXPECT_EQ(gPlaySet.NotePhrases[0], "S R G");
+  EXPECT_EQ(gPlaySet.NotePhrases[1], "M P");
+  // The pakad's timing, handed out word by word across the segments.
+  EXPECT_EQ(gPlaySet.DurPhrases[0], "50 50 50");
+  EXPECT_EQ(gPlaySet.DurPhrases[1], "90 50");
+  EXPECT_EQ(ctl("cInfo").text(), "Pakad -practice pattern 1/2");
+  for (int step = 0; step < 100 && !ctl("cPlay").enabled(); ++step) program.clock().advance(50);
+  EXPECT_TRUE(ctl("cPlay").enabled());
+  EXPECT_EQ(ctl("cCurrentItem").text(), "S R G : M P");
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
+  const std::string prompts = ctl("cPrompts").text();
+  sMainOperations(4);
+  sMainOperations(22);
+  sMainOperations(-1);
+  ctl("cNVIllusList").setListIndex(-1);
+  program.fire("MainOperations", "cNVIllusList", EventKind::Click);
+  EXPECT_EQ(ctl("cPrompts").text(), prompts);
+  EXPECT_FALSE(ctl("cCurrentItem").visible());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, SynchronizationDelayNeverGoesBelowZero) {
+  gDelayMO = 1;
+  click("cMnuSlo");
+  click("cMnuSlo");
+  EXPECT_EQ(gDelayMO, 0);
+  click("cMnuSpe");
+  EXPECT_EQ(gDelayMO, 1);
+}
+
+TEST_F(MainOperationsTest, RagaInfoShowsTheNotesAgainAfterAnItem) {
+  click("Option2");
+  clickItem("Pakad");
+  EXPECT_FALSE(ctl("cNotes").visible());
+  click("cMnuRagInf");
+  EXPECT_TRUE(ctl("cNotes").visible());
+  EXPECT_NE(ctl("cNotes").text().find("Time = First quarter of the night (6 pm - 9 pm)"),
+            std::string::npos);
+}
+
+}  // namespace
+
+int main(int argc, char** argv) {
+  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
+  QApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}
