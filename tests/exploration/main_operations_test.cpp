@@ -206,6 +206,72 @@ TEST_F(MainOperationsTest, PracticePlaysTheEditedNotationSegmentBySegment) {
   EXPECT_TRUE(messageTexts().empty());
 }
 
+// Runs the virtual clock until the run has ended (the selections are back).
+void runOut(ProgramHarness& program, platform::Control& list) {
+  for (int step = 0; step < 2000 && !list.enabled(); ++step) program.clock().advance(50);
+}
+
+TEST_F(MainOperationsTest, ACompositionInDemoPlaysBothPartsThenOffersThemForReplay) {
+  clickItem("Composition - Saanjh bhayi");
+  EXPECT_EQ(gCurrCompName, "Saanjh bhayi");
+  EXPECT_EQ(gCurrPhraseKind, 8);
+  EXPECT_EQ(ctl("cInfo").text().rfind("Playing Composition 'Saanjh bhayi' in Taal '", 0), 0u);
+  EXPECT_NE(ctl("cInfo").text().find("' - 16Beats("), std::string::npos);
+  EXPECT_NE(ctl("cInfo").text().find(" - Astai part) : "), std::string::npos);
+  EXPECT_NE(gMusicBuffers[1].Caption.find(" - Antara part) : "), std::string::npos);
+  EXPECT_TRUE(ctl("cStopCur").enabled());
+  EXPECT_EQ(ctl("Option4").caption(), "Asthai");
+  EXPECT_EQ(ctl("Option5").caption(), "Antara");
+  runOut(program, ctl("cNVIllusList"));
+  ASSERT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_EQ(ctl("Frame2").caption(), "Select to Play");
+  EXPECT_TRUE(ctl("Frame2").enabled());
+  EXPECT_FALSE(ctl("cStopCur").enabled());
+
+  click("Option5");  // replay the Antara alone
+  EXPECT_EQ(gCompPart, 2);
+  EXPECT_EQ(gPlaySet.FirstPhrase, 2);
+  EXPECT_FALSE(ctl("cNVIllusList").enabled());
+  runOut(program, ctl("cNVIllusList"));
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, ASimilarRagaIsComparedInDemoWhateverTheMode) {
+  click("Option2");
+  clickItem("Similar Raga - Yaman Kalyan");
+  EXPECT_EQ(gCurrMode, 1);
+  EXPECT_EQ(ctl("Option1").value(), -1);
+  EXPECT_EQ(gComparedRagaName, "Yaman Kalyan");
+  EXPECT_EQ(ctl("cInfo").text(),
+            "Playing comparison of Ragas Yaman and Yaman Kalyan. Currently playing Yaman");
+  runOut(program, ctl("cNVIllusList"));
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, ACompositionInLearningGoesToTheCompositionPlayer) {
+  click("Option2");
+  clickItem("Composition - Saanjh bhayi");
+  EXPECT_EQ(gCompPart, 1);
+  EXPECT_EQ(gCurrFormId, kFormPlayComposition1);
+}
+
+TEST_F(MainOperationsTest, ATonicFromTheMenuRetunesAndSaysSoInThePrompts) {
+  click("cMnuW5");
+  EXPECT_EQ(gCurrTonicNoteId, 9);
+  EXPECT_EQ(gCurrMusicSetId, 9);
+  EXPECT_NE(ctl("cPrompts").text().find("Using NV Scale with "), std::string::npos);
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, GoBackLeavesTheScreen) {
+  click("cReturn");
+  EXPECT_NE(gCurrFormId, kFormMainOperations);
+  EXPECT_FALSE(screen().visible());
+}
+
 TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
   const std::string prompts = ctl("cPrompts").text();
   sMainOperations(4);
