@@ -278,7 +278,7 @@ void BM_AlapLagWallClock(benchmark::State& state) {
     QElapsedTimer waited;
     waited.start();
     while (!gRunEnded && waited.elapsed() < 600000)
-      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents, 50);
+      QCoreApplication::processEvents(QEventLoop::WaitForMoreEvents);
   }
   reportLags(state);
 }
