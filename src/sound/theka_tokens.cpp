@@ -24,9 +24,6 @@ std::string fFormatBeatFraction(float value) {
   return text;
 }
 
-}  // namespace
-
-namespace {
 
 // The stroke token of a note at beat position p lasting d beats.
 std::string fStrokeToken(float p, float d) {

@@ -15,9 +15,11 @@ class Recordset;
 }
 
 // The stroke token of a note that starts at beat position `position`
-// (0-based, within the cycle) and lasts `duration` beats: "count/beat/offset"
-// with the 1-based beat of the first stroke, or "0". Advances position by
-// the duration, wrapping past the cycle's end.
+// (0-based, within the cycle) and lasts `duration` beats: "0" when no beat
+// begins inside it, else "count/beat/offset" with the 1-based beat the note
+// starts in, whose bol the first stroke takes, and the offset of that stroke
+// from the note's start in beats. Advances position by the duration,
+// wrapping past the cycle's end.
 std::string fGetTalaStringForNote(float& position, float duration, std::int16_t beats);
 
 // A stroke token with its beat number replaced by the bols of the theka
