@@ -12,6 +12,7 @@
 #include "sound/music_buffers.h"
 #include "sound/play_buttons.h"
 #include "sound/play_chain.h"
+#include "sound/play_selection.h"
 #include "sound/play_state.h"
 #include "sound/play_stop.h"
 #include "sound/playback.h"
@@ -220,6 +221,16 @@ TEST(PlaybackCallback, RoutesTheEndOfAFileByItsOwner) {
   sDoCallback();
   EXPECT_EQ(stage().opened, (Files{"A.wav"})) << "the main screen goes on with its chain";
   EXPECT_EQ(gCompositionEvents.size(), 1u);
+}
+
+// The synthesis library is not started here, so it makes no file.
+TEST(PlaySelectedNote, AFailedFileIsToldAndNotPlayed) {
+  reset();
+  gCurrMusicFile = "";
+  EXPECT_FALSE(fPlaySelectedNote(12, 500, 0));
+  EXPECT_EQ(stage().messages, (std::vector<std::string>{"Error creating music file"}));
+  EXPECT_EQ(gCurrMusicFile, "");
+  EXPECT_NE(mm().mode(), platform::kModePlaying);
 }
 
 TEST(PlayButtons, EnableOnlyWhatSuitsTheState) {
