@@ -81,6 +81,12 @@ std::string fPracticeTiming(const std::string& boxText) {
   }
 }
 
+// A note added beyond the item's timing lasts as long as its last note, or
+// one second when the item has no timing.
+std::string fSpareDuration(const std::vector<std::string>& timing) {
+  return timing.empty() ? "100" : timing.back();
+}
+
 }  // namespace
 
 std::string fPracticeSegmentInEnglish(const std::string& segment) {
@@ -134,8 +140,8 @@ void sSetUpForPracticeModeIllustrations1() {
   for (const std::string& segment : segments) {
     const std::string notes = fPracticeSegmentInEnglish(segment);
     std::vector<std::string> durations;
-    for (std::size_t w = fWords(notes).size(); w > 0 && next < timing.size(); --w)
-      durations.push_back(timing[next++]);
+    for (std::size_t w = fWords(notes).size(); w > 0; --w)
+      durations.push_back(next < timing.size() ? timing[next++] : fSpareDuration(timing));
     gPracticeSet.NotePhrases.push_back(notes);
     gPracticeSet.DurPhrases.push_back(fJoinWords(durations, " "));
     gPracticeSet.BaseDurPhrases.push_back(gPracticeSet.DurPhrases.back());

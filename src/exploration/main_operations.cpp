@@ -5,6 +5,7 @@
 #include "exploration/exploration.h"
 
 #include <cstddef>
+#include <string>
 
 #include "control/errors.h"
 #include "control/messages.h"
@@ -39,6 +40,9 @@ namespace {
 
 constexpr std::int16_t kCompositionKind = 8;
 constexpr std::int16_t kFilmSongKind = 9;
+// The most note words a notation box may hold: a phrase's word lists have
+// room for 501 entries.
+constexpr std::size_t kMostNotationWords = 500;
 
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
@@ -108,7 +112,8 @@ void sPlayPhraseItem(bool setUpNow) {
 // the message.
 bool fBuildPieces() {
   if (fCreateCompositionMusicFilesFromT() != 0) return true;
-  sShowMessage("Error creating music files");
+  platform::windowSystem().messageBox("Error creating music files", platform::kMsgExclamation,
+                                      "Message");
   return false;
 }
 
@@ -281,14 +286,37 @@ void sRunEnded() {
   sPointer(platform::kPointerDefault);
 }
 
+std::size_t fWordCount(const std::string& text) {
+  std::size_t words = 0;
+  for (std::size_t i = 0; i < text.size(); ++i)
+    if (text[i] != ' ' && (i == 0 || text[i - 1] == ' ')) ++words;
+  return words;
+}
+
+// Whether the box can be played: legal notes, not too many of them, and
+// every colon-separated segment holding at least one note.
+bool fIsPlayableNotation(const std::string& text) {
+  if (fWordCount(text) > kMostNotationWords || !fIsLegalNotationPhrase(text)) return false;
+  std::string segment;
+  for (char c : text + ":") {
+    if (c != ':') {
+      segment += c;
+      continue;
+    }
+    if (fWordCount(segment) == 0) return false;
+    segment.clear();
+  }
+  return true;
+}
+
 // Event 21: Play or Start Looping.
 void sPlayNotation() {
   gCurrNotation = ctl("cCurrentItem").text();
-  if (gCurrNotation.empty()) {
+  if (fWordCount(gCurrNotation) == 0) {  // nothing but blanks counts as empty
     sShowMessage("Please select an item to play");
     return;
   }
-  if (!fIsLegalNotationPhrase(gCurrNotation)) {
+  if (!fIsPlayableNotation(gCurrNotation)) {
     sShowMessage("One or more changes you made are not allowable. Please check and correct errors.");
     return;
   }

@@ -26,6 +26,12 @@ namespace {
 
 constexpr std::int16_t kYaman = 1;
 
+std::string fRepeated(const std::string& piece, int times) {
+  std::string text;
+  for (int i = 0; i < times; ++i) text += piece;
+  return text;
+}
+
 class MainOperationsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -172,7 +178,10 @@ TEST_F(MainOperationsTest, PracticeRefusesBadNotationWithTheScreensMessages) {
       {std::string(10000, 'S'),
        "One or more changes you made are not allowable. Please check and correct errors."},
       {"S R , G", "One or more changes you made are not allowable. Please check and correct errors."},
+      {fRepeated("S R G ", 1000),
+       "One or more changes you made are not allowable. Please check and correct errors."},
       {"", "Please select an item to play"},
+      {"   ", "Please select an item to play"},
   };
   for (const Case& c : cases) {
     ctl("cCurrentItem").setText(c.notation);
@@ -270,6 +279,25 @@ TEST_F(MainOperationsTest, GoBackLeavesTheScreen) {
   click("cReturn");
   EXPECT_NE(gCurrFormId, kFormMainOperations);
   EXPECT_FALSE(screen().visible());
+}
+
+// Segments without notes are refused like illegal notes; a phrase longer
+// than the item's timing plays out, its extra notes as long as the last.
+TEST_F(MainOperationsTest, PracticeRefusesEmptySegmentsAndPlaysLongPhrases) {
+  click("cMnuEng");
+  click("Option3");
+  clickItem("Pakad");
+  for (const std::string notation : {":", "S R :", ": : S", "S R G M P D N S> R> G> M> P> D> N>"}) {
+    const std::size_t before = program.messages().size();
+    ctl("cCurrentItem").setText(notation);
+    click("cPlay");
+    runOut(program, ctl("cNVIllusList"));
+    EXPECT_TRUE(ctl("cNVIllusList").enabled()) << notation;
+    EXPECT_TRUE(ctl("cPlay").enabled()) << notation;
+    const bool refused = notation.find(':') != std::string::npos;
+    EXPECT_EQ(program.messages().size(), before + (refused ? 1 : 0)) << notation;
+  }
+  EXPECT_EQ(gPlaySet.DurPhrases[0], "50 50 50 90 50 50 90 50 50 50 90 140 140 140");
 }
 
 TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
