@@ -17,6 +17,7 @@
 #include "platform/screen.h"
 #include "program_harness.h"
 #include "sound/music_buffers.h"
+#include "sound/playback.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
 
@@ -298,6 +299,57 @@ TEST_F(MainOperationsTest, PracticeRefusesEmptySegmentsAndPlaysLongPhrases) {
     EXPECT_EQ(program.messages().size(), before + (refused ? 1 : 0)) << notation;
   }
   EXPECT_EQ(gPlaySet.DurPhrases[0], "50 50 50 90 50 50 90 50 50 50 90 140 140 140");
+}
+
+TEST_F(MainOperationsTest, DemoOfAlapNamesEachPatternAndStopCurrentSkipsOne) {
+  clickItem("Alap");
+  EXPECT_EQ(ctl("cInfo").text(), "Playing Alap pattern 1/5");
+  EXPECT_TRUE(ctl("cStopCur").enabled());
+  click("cStopCur");
+  program.clock().advance(100);
+  EXPECT_EQ(ctl("cInfo").text(), "Playing Alap pattern 2/5");
+  click("cStop");
+  program.clock().advance(100);
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_FALSE(ctl("cCurrentItem").visible());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, LoopingRepeatsThePhraseUntilStopLooping) {
+  click("Option2");
+  clickItem("Pakad");
+  click("cStartLoop");
+  EXPECT_TRUE(ctl("cStopLoop").enabled());
+  EXPECT_FALSE(ctl("cStop").enabled());
+  program.clock().advance(30000);  // the pakad lasts under ten seconds
+  EXPECT_FALSE(ctl("cNVIllusList").enabled());
+  EXPECT_TRUE(ctl("cStopLoop").enabled());
+  click("cStopLoop");
+  EXPECT_FALSE(gLooping);
+  program.clock().advance(100);
+  EXPECT_TRUE(ctl("cPlay").enabled());
+  EXPECT_TRUE(ctl("cNVIllusList").enabled());
+  EXPECT_TRUE(messageTexts().empty());
+}
+
+TEST_F(MainOperationsTest, MenusSwitchKeyboardScriptAndDrone) {
+  click("cMnuDonShoKey");
+  EXPECT_EQ(gKeyboardDisplay, 2);
+  EXPECT_FALSE(screen().control("cL", 12).visible());
+  click("cMnuShoKey");
+  EXPECT_EQ(gKeyboardDisplay, 1);
+  EXPECT_TRUE(screen().control("cMnuShoKey").checked());
+
+  click("Option2");
+  clickItem("Pakad");
+  EXPECT_FALSE(ctl("cCurrentItem").text().empty());
+  click("cMnuEng");
+  EXPECT_EQ(gNotationScript, 2);
+  EXPECT_EQ(ctl("cCurrentItem").text(), "");  // the box is cleared for the new script
+
+  click("cMnuDroLou");
+  click("cMnuDroSof");
+  EXPECT_TRUE(messageTexts().empty());
 }
 
 TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
