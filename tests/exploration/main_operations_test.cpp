@@ -17,9 +17,12 @@
 #include "platform/screen.h"
 #include "program_harness.h"
 #include "sound/music_buffers.h"
+#include "sound/play_state.h"
 #include "sound/playback.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "store/working_record_comp.h"
+#include "store/working_record_comp_text.h"
 
 using platform::EventKind;
 
@@ -229,6 +232,14 @@ TEST_F(MainOperationsTest, ACompositionInDemoPlaysBothPartsThenOffersThemForRepl
   EXPECT_NE(ctl("cInfo").text().find("' - 16Beats("), std::string::npos);
   EXPECT_NE(ctl("cInfo").text().find(" - Astai part) : "), std::string::npos);
   EXPECT_NE(gMusicBuffers[1].Caption.find(" - Antara part) : "), std::string::npos);
+  EXPECT_EQ(ctl("cInfo").text(), "Playing Composition 'Saanjh bhayi' in Taal '" +
+                                     fGetTalaName(gCompInfo[0].TalaId) + "' - 16Beats(" +
+                                     gCompInfo[0].Text + " - Astai part) : " +
+                                     fCreateCompStringFromT(1, 1));
+  EXPECT_EQ(gMusicBuffers[0].StartingBeat, gCompInfo[0].StartingBeat);
+  EXPECT_EQ(gMusicBuffers[1].StartingBeat, gCompInfo[1].StartingBeat);
+  EXPECT_FALSE(gMusicBuffers[0].Theka.empty());
+  EXPECT_EQ(gPrefetchMode, 2);  // both files were built before playing
   EXPECT_TRUE(ctl("cStopCur").enabled());
   EXPECT_EQ(ctl("Option4").caption(), "Asthai");
   EXPECT_EQ(ctl("Option5").caption(), "Antara");
@@ -255,6 +266,14 @@ TEST_F(MainOperationsTest, ASimilarRagaIsComparedInDemoWhateverTheMode) {
   EXPECT_EQ(gComparedRagaName, "Yaman Kalyan");
   EXPECT_EQ(ctl("cInfo").text(),
             "Playing comparison of Ragas Yaman and Yaman Kalyan. Currently playing Yaman");
+  EXPECT_TRUE(ctl("Option4").visible());
+  EXPECT_FALSE(ctl("Option5").visible());
+  for (int step = 0; step < 2000 && gCurrBuffer == 0; ++step) program.clock().advance(50);
+  EXPECT_EQ(ctl("cInfo").text(),
+            "Playing comparison of Ragas Yaman and Yaman Kalyan. Currently playing Yaman Kalyan");
+  EXPECT_EQ(ctl("Frame2").caption(), "Playing");
+  EXPECT_TRUE(ctl("Option5").visible());
+  EXPECT_FALSE(ctl("Option4").visible());
   runOut(program, ctl("cNVIllusList"));
   EXPECT_TRUE(ctl("cNVIllusList").enabled());
   EXPECT_TRUE(messageTexts().empty());
