@@ -169,6 +169,17 @@ TEST_F(MainOperationsTest, LearningStepsThroughAlapPhrasesAndStopReenablesPlay) 
   EXPECT_TRUE(messageTexts().empty());
 }
 
+// The step direction outlives the item: after a Prev the next item opens on
+// its last-but-one phrase.
+TEST_F(MainOperationsTest, PrevIsStickyAcrossItems) {
+  click("Option2");
+  clickItem("Alap");
+  click("Option5");
+  EXPECT_EQ(gPhraseStep, -1);
+  clickItem("Taan");
+  EXPECT_EQ(ctl("cInfo").text(), "(Taan 3/4)");
+}
+
 TEST_F(MainOperationsTest, PracticeRefusesBadNotationWithTheScreensMessages) {
   click("Option3");
   clickItem("Pakad");
