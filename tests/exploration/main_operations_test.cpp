@@ -15,6 +15,7 @@
 #include "exploration/exploration_state.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"
+#include "platform/store.h"
 #include "program_harness.h"
 #include "sound/music_buffers.h"
 #include "sound/play_state.h"
@@ -112,6 +113,44 @@ TEST_F(MainOperationsTest, EnteringShowsTheRagasDataListsAndDemoPrompts) {
   EXPECT_EQ(ctl("cPrompts").text().rfind("Using NV Scale with ", 0), 0u);
   EXPECT_FALSE(ctl("cPlay").visible());
   EXPECT_LT(ctl("cNVIllusList").left(), ctl("Frame1").left());
+}
+
+// The user's own taan and a scale of his make their columns appear, in
+// order, between the library's items and the mode frame.
+TEST_F(MainOperationsTest, UserItemsAndScalesGetTheirOwnColumns) {
+  {
+    auto alt = gDbB->openRecordset("Raga - ALT Phrases", platform::RecordsetType::Table);
+    alt->addNew();
+    alt->setField("RagaIndex", kYaman);
+    alt->setField("PhraseType", 3);
+    alt->setField("NotesPhrase", "S R G : M P , P M G R S");
+    alt->update();
+    auto scales = gDbB->openRecordset("Scale Shift Specs", platform::RecordsetType::Table);
+    scales->addNew();
+    scales->setField("NPSetId", 13);
+    scales->setField("NPSetName", "Just Yaman");
+    scales->setField("TonicNoteId", 3);
+    scales->update();
+  }
+  click("cReturn");
+  sSetupForCurrRaga();
+  sMainOperations(0);
+  EXPECT_EQ(listItems("cUserIllusList"), std::vector<std::string>{"Taan Phrases(2)"});
+  EXPECT_EQ(listItems("cScaleList"), std::vector<std::string>{"Just Yaman"});
+  EXPECT_EQ(gUserItemsShown, -1);
+  EXPECT_EQ(gUserScalesShown, -1);
+  EXPECT_TRUE(ctl("Label8").visible());
+  EXPECT_TRUE(ctl("Label16").visible());
+  EXPECT_LT(ctl("cNVIllusList").left(), ctl("cUserIllusList").left());
+  EXPECT_LT(ctl("cUserIllusList").left(), ctl("cScaleList").left());
+  EXPECT_LT(ctl("cScaleList").left(), ctl("Frame1").left());
+  EXPECT_EQ(ctl("Label8").left(), ctl("cUserIllusList").left());
+
+  click("Option2");
+  ctl("cUserIllusList").setListIndex(0);
+  program.fire("MainOperations", "cUserIllusList", EventKind::Click);
+  EXPECT_EQ(gCurrDbSelector, 2);
+  EXPECT_EQ(ctl("cInfo").text(), "(Taan 1/2)");
 }
 
 TEST_F(MainOperationsTest, DemoOfTheArohaPlaysThroughWithNotationAndReedsStepping) {
