@@ -151,6 +151,13 @@ TEST_F(MainOperationsTest, UserItemsAndScalesGetTheirOwnColumns) {
   program.fire("MainOperations", "cUserIllusList", EventKind::Click);
   EXPECT_EQ(gCurrDbSelector, 2);
   EXPECT_EQ(ctl("cInfo").text(), "(Taan 1/2)");
+
+  ctl("cScaleList").setListIndex(0);
+  program.fire("MainOperations", "cScaleList", EventKind::Click);
+  EXPECT_EQ(gCurrMusicSetId, 13);
+  EXPECT_EQ(gCurrMusicSetName, "Just Yaman");
+  for (const std::string& m : messageTexts()) ADD_FAILURE() << m;
+  EXPECT_EQ(ctl("cPrompts").text().rfind("Using User-defined scale 'Just Yaman' with ", 0), 0u);
 }
 
 TEST_F(MainOperationsTest, DemoOfTheArohaPlaysThroughWithNotationAndReedsStepping) {
