@@ -21,9 +21,7 @@
 #include "store/lookups.h"
 #include "store/queries.h"
 #include "store/query_open.h"
-
-// The working raga record's loader: makes gCurrRagaId the raga at hand.
-void sSetupForCurrRaga();
+#include "store/working_record.h"
 
 namespace {
 

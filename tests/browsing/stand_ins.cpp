@@ -6,6 +6,7 @@
 
 #include "control/session.h"
 #include "platform/store.h"
+#include "store/working_record.h"
 
 int gTestSetupCalls = 0;
 std::int16_t gTestSetupRagaId = 0;
