@@ -24,3 +24,9 @@ void sInitReedsDisplayedData() {
   gFirstReedForTonic = {0, 3, 4, 4, 4, 6, 6, 8, 10, 11, 11, 11, 13};
   gLastReedForTonic = {0, 30, 32, 32, 32, 34, 34, 35, 37, 39, 39, 39, 40};
 }
+
+int fReedDefaultColor(std::int16_t reed) {
+  if (reed < 0 || reed > kHighestReed) return kWhiteReedColor;
+  return gReedColorType[static_cast<std::size_t>(reed)] == kBlackReed ? kBlackReedColor
+                                                                       : kWhiteReedColor;
+}

@@ -4,11 +4,13 @@
 #include "sound/playback.h"
 
 #include "control/errors.h"
+#include "control/messages.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/session.h"
 #include "platform/audio.h"
 #include "platform/screen.h"
+#include "sound/play_chain.h"
 
 std::int16_t gFileOpened = 0;
 std::int16_t gNotifyCode = 0;
@@ -72,5 +74,18 @@ void sPlayMusicFile1(const std::string& file) {
 
 void sDoCallback() {
   NV_PROC("sDoCallback");
-  if (gCallbackContext == 3) sCallController(kFormPlayComposition1, 19);
+  switch (gCallbackContext) {
+    case kContextComposition:
+      sCallController(kFormPlayComposition1, kEventRangeEnded);
+      break;
+    case kContextPlaySet:
+    case kContextWorkbench:
+    case kContextComposer:
+    case kContextMainOperations:
+      if (gCurrForm != nullptr && !fPlayMusicPhrases(*gCurrForm))
+        sShowMessage("Error playing music phrases");
+      break;
+    default:  // the other owners play single files and need no next step
+      break;
+  }
 }

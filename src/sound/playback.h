@@ -17,5 +17,8 @@ extern bool gLooping;
 void sPlayMusicFile(const std::string& file);
 // The looping form: a played-out file starts again while gLooping is set.
 void sPlayMusicFile1(const std::string& file);
-// Routes the end of a played file by gCallbackContext.
+// Routes the end of a played file by gCallbackContext: the composition
+// player hears event 19; the main operations screen, the workbench and the
+// composer go on with the next phrase of the chain ("Error playing music
+// phrases" when it cannot be built); other owners hear nothing.
 void sDoCallback();

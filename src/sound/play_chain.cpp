@@ -1,0 +1,101 @@
+// The playing chain (see play_chain.h).
+#include "sound/play_chain.h"
+
+#include "control/errors.h"
+#include "control/screen_manager.h"
+#include "control/screen_table.h"
+#include "control/session.h"
+#include "keyboard/reed_labels.h"
+#include "platform/screen.h"
+#include "sound/music_buffers.h"
+#include "sound/music_file.h"
+#include "sound/notes_list.h"
+#include "sound/play_bols.h"
+#include "sound/play_reeds.h"
+#include "sound/play_state.h"
+#include "sound/playback.h"
+
+PlayScreenProcedures gPlayScreenProcedures;
+
+namespace {
+
+constexpr int kFirstNoteColor = 0x0000FF;
+
+void call(void (*procedure)()) {
+  if (procedure != nullptr) procedure();
+}
+
+void reportRangeEnded() {
+  switch (gCallbackContext) {
+    case kContextComposer:
+      call(gPlayScreenProcedures.resetComposerNoteCells);
+      sCallController(kFormComposer, kEventRangeEnded);
+      break;
+    case kContextMainOperations:
+      sCallController(kFormMainOperations, kEventRangeEnded);
+      break;
+    case kContextWorkbench:
+      sCallController(kFormWorkshop, kEventRangeEnded);
+      break;
+    case kContextComposition:
+      sCallController(kFormPlayComposition1, kEventRangeEnded);
+      break;
+    default:  // other owners do not hear of it
+      break;
+  }
+}
+
+// Shows the first note of the phrase about to sound, as its owner does.
+void markFirstNote(platform::Screen& form, MusicBuffer& buffer) {
+  switch (gCallbackContext) {
+    case kContextComposer:
+      if (form.hasControl("cNote", buffer.FirstNotationCell))
+        form.control("cNote", buffer.FirstNotationCell).setForeColor(kFirstNoteColor);
+      break;
+    case kContextMainOperations:
+      sSetAllReedLabelColorToDefault(form);
+      if (gGraceNotes == 2)
+        sPlayReeds1Alt(form);
+      else
+        sPlayReedsAlt(form);
+      break;
+    case kContextComposition:
+      call(gPlayScreenProcedures.resetCompositionSlots);
+      sPlayCurrBol1Alt(form);
+      break;
+    default:
+      break;
+  }
+}
+
+// Fills and builds the buffer of the phrase now at the cursor.
+bool prefetchNextPhrase() {
+  const std::int16_t next = fBufferForPhrase(gPlaySet.Position);
+  gMusicBuffers[static_cast<std::size_t>(next)].Count = fCreateNotesList1(next);
+  return fPrepareToPlaySelection1(next) != 0;
+}
+
+}  // namespace
+
+bool fPlayMusicPhrases(platform::Screen& form) {
+  NV_PROC("fPlayMusicPhrases");
+  if (gPlaySet.Position > gPlaySet.LastPhrase) {
+    gPlaySet.Position = gPlaySet.FirstPhrase;
+    reportRangeEnded();
+    return true;
+  }
+  if (gBufferRotation) gCurrBuffer = fBufferForPhrase(gPlaySet.Position);
+  if (gCurrBuffer < 0 || gCurrBuffer >= kMusicBufferCount) return false;
+  MusicBuffer& buffer = gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)];
+  gCurrMusicFile = gWavFiles[static_cast<std::size_t>(gCurrBuffer)];
+  call(gPlayScreenProcedures.displayPrompt);
+  gFileOpened = 0;
+  buffer.CurrNote = 1;
+  markFirstNote(form, buffer);
+
+  sPlayMusicFile(gCurrMusicFile);
+  ++gPlaySet.Position;
+  if (gPrefetchMode == kPrefetchNext && gPlaySet.Position <= gPlaySet.LastPhrase)
+    return prefetchNextPhrase();
+  return true;
+}

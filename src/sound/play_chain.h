@@ -1,0 +1,45 @@
+// The playing chain: one phrase of gPlaySet after another, each opened on
+// the current screen's cMM as its predecessor's done notification closes
+// it, the next phrase's file built while one sounds, and the end of the
+// range reported to the screen that owns the chain (gCallbackContext) as
+// its controller's event 19.
+//
+// State: gPlayScreenProcedures, the procedures of the screens' own modules
+// the chain calls at each phrase; each module sets its member at start-up,
+// and a member left empty is skipped.
+#pragma once
+
+#include <cstdint>
+
+namespace platform {
+class Screen;
+}
+
+// Callback contexts: which screen owns the chain.
+constexpr std::int16_t kContextScaleShifting = 1;
+constexpr std::int16_t kContextComposition = 3;
+constexpr std::int16_t kContextPlaySet = 4;
+constexpr std::int16_t kContextQuiz = 6;
+constexpr std::int16_t kContextWorkbench = 8;
+constexpr std::int16_t kContextSampler = 9;
+constexpr std::int16_t kContextComposer = 11;
+constexpr std::int16_t kContextMainOperations = 12;
+constexpr std::int16_t kContextNone = 13;
+
+// The event a controller receives when the range has played.
+constexpr std::int16_t kEventRangeEnded = 19;
+
+struct PlayScreenProcedures {
+  void (*displayPrompt)() = nullptr;             // says what is playing (sDisplayMPPrompt)
+  void (*resetCompositionSlots)() = nullptr;     // sSetCompNotationSlotsToDefaultColor
+  void (*resetComposerNoteCells)() = nullptr;    // the composer's note cells at the end
+};
+extern PlayScreenProcedures gPlayScreenProcedures;
+
+// One step of the chain, called to start a run and after each file closes.
+// Past gPlaySet.LastPhrase the range has ended: the cursor goes back to
+// FirstPhrase and the owner gets event 19. Otherwise the phrase at the
+// cursor starts playing from its buffer's file, its first note is marked,
+// the cursor moves on and, with gPrefetchMode 1, the next phrase's buffer
+// is filled and its file built. False when that build fails.
+bool fPlayMusicPhrases(platform::Screen& form);
