@@ -1,0 +1,231 @@
+-- Schema of the library store mrA.nvy: ragas, talas, phrases, compositions,
+-- prompts, tips, screen layout and sound seeds. The build tool nvstore-build
+-- runs this file on an empty store and then fills it from the content
+-- sources; the program opens the result read-only.
+-- Key columns use plain rowid tables with a PRIMARY KEY constraint, which the
+-- store engine finds under the index name "PrimaryKey"; the other indexes
+-- carry the names the program seeks them by.
+
+CREATE TABLE "RagaNameList" (
+  "Raga" TEXT NOT NULL,
+  "Raga Index" INTEGER NOT NULL,
+  "Level" INTEGER,
+  PRIMARY KEY ("Raga")
+);
+CREATE UNIQUE INDEX "RagaIndex" ON "RagaNameList" ("Raga Index");
+
+CREATE TABLE "Raga - Technical Information" (
+  "Raga Index" INTEGER NOT NULL,
+  "Thata" TEXT,
+  "Jati" TEXT,
+  "Vadi" TEXT,
+  "Samvadi" TEXT,
+  "VadiNum" INTEGER,
+  "SamvadiNum" INTEGER,
+  "Appropriate time" TEXT,
+  "DroneType" INTEGER,
+  "OPRSetId" INTEGER,
+  "Notes" TEXT,
+  "AarohaAlt" TEXT,
+  "AvrohaAlt" TEXT,
+  "AaDuration" TEXT,
+  "AvDuration" TEXT,
+  "Pakad" TEXT,
+  "PakadDuration" TEXT,
+  PRIMARY KEY ("Raga Index")
+);
+
+CREATE TABLE "Raga - Notes" (
+  "Raga Index" INTEGER NOT NULL,
+  "Raga Note Ids" TEXT,
+  PRIMARY KEY ("Raga Index")
+);
+
+CREATE TABLE "Raga - ALT Phrases" (
+  "RagaIndex" INTEGER NOT NULL,
+  "PhraseType" INTEGER NOT NULL,
+  "NotesPhrase" TEXT,
+  "DurationPhrase" TEXT,
+  PRIMARY KEY ("RagaIndex", "PhraseType")
+);
+
+CREATE TABLE "Raga - Additional Information" (
+  "Raga Index" INTEGER NOT NULL,
+  "Add Info" TEXT NOT NULL,
+  "Add Info Type" INTEGER NOT NULL,
+  "Notation Index" INTEGER,
+  PRIMARY KEY ("Raga Index", "Add Info", "Add Info Type")
+);
+CREATE INDEX "AddInfoType" ON "Raga - Additional Information" ("Raga Index", "Add Info Type");
+CREATE INDEX "CompositionId" ON "Raga - Additional Information" ("Notation Index");
+
+CREATE TABLE "Raga - Composition Notations" (
+  "Notation Index" INTEGER NOT NULL,
+  "Composition Part" INTEGER NOT NULL,
+  "Raga Index" INTEGER,
+  "CompositionMukhada" TEXT,
+  "CompositionType" TEXT,
+  "CompositionTempo" TEXT,
+  "CompositionText" TEXT,
+  "Syllables" TEXT,
+  "SyllableDuration" TEXT,
+  "Notation" TEXT,
+  "NotesDuration" TEXT,
+  "Tala Id" INTEGER,
+  "Starting Beat" INTEGER,
+  "Playing Speed" INTEGER,
+  PRIMARY KEY ("Notation Index", "Composition Part")
+);
+
+CREATE TABLE "Tala - Technical Information" (
+  "Tala Id" INTEGER NOT NULL,
+  "Tala Name" TEXT NOT NULL,
+  "Beat Count" INTEGER NOT NULL,
+  PRIMARY KEY ("Tala Id")
+);
+CREATE UNIQUE INDEX "TalaByName" ON "Tala - Technical Information" ("Tala Name");
+
+CREATE TABLE "ThekaTypeBolsForTaal" (
+  "Theka Type Id" INTEGER NOT NULL,
+  "Tala Id" INTEGER NOT NULL,
+  "Tala Bol Id" INTEGER NOT NULL,
+  "Theka Bol Id" INTEGER NOT NULL,
+  PRIMARY KEY ("Theka Type Id", "Tala Id", "Tala Bol Id")
+);
+
+CREATE TABLE "ThataScales" (
+  "ThataName" TEXT NOT NULL,
+  "ThataScale" TEXT,
+  PRIMARY KEY ("ThataName")
+);
+
+CREATE TABLE "IllustrationsList" (
+  "Illustration Id" INTEGER NOT NULL,
+  "IllustrationName" TEXT,
+  PRIMARY KEY ("Illustration Id")
+);
+
+CREATE TABLE "Prompts" (
+  "Prompt Id" INTEGER NOT NULL,
+  "Prompt" TEXT,
+  PRIMARY KEY ("Prompt Id")
+);
+
+CREATE TABLE "NVTips" (
+  "Tip Id" INTEGER NOT NULL,
+  "Tip" TEXT,
+  PRIMARY KEY ("Tip Id")
+);
+
+CREATE TABLE "NVForms" (
+  "Form Name" TEXT NOT NULL,
+  "Form Id" INTEGER,
+  "TotalControlCount" INTEGER
+);
+CREATE UNIQUE INDEX "Form Name" ON "NVForms" ("Form Name");
+
+CREATE TABLE "NVFormControls" (
+  "Form Id" INTEGER NOT NULL,
+  "Control Index" INTEGER NOT NULL,
+  "LocRatX" REAL,
+  "LocRatY" REAL,
+  "SizRatWidth" REAL,
+  "SizRatHeight" REAL,
+  PRIMARY KEY ("Form Id", "Control Index")
+);
+
+CREATE TABLE "Note Specifications" (
+  "Instr Name" TEXT NOT NULL,
+  "Note Id" INTEGER NOT NULL,
+  "SamPerCyc" INTEGER,
+  "Fractional Value" REAL,
+  PRIMARY KEY ("Instr Name", "Note Id")
+);
+
+CREATE TABLE "Sample Values" (
+  "Instr Name" TEXT NOT NULL,
+  "Note Id" INTEGER NOT NULL,
+  "Sample Id" INTEGER NOT NULL,
+  "Sample Value" INTEGER,
+  PRIMARY KEY ("Instr Name", "Note Id", "Sample Id")
+);
+
+CREATE TABLE "ONPRSets" (
+  "TonicNoteId" INTEGER NOT NULL,
+  "InstrumentType" INTEGER NOT NULL,
+  "00" REAL,
+  "01" REAL,
+  "02" REAL,
+  "03" REAL,
+  "04" REAL,
+  "05" REAL,
+  "06" REAL,
+  "07" REAL,
+  "08" REAL,
+  "09" REAL,
+  "10" REAL,
+  "11" REAL,
+  "12" REAL,
+  "13" REAL,
+  "14" REAL,
+  "15" REAL,
+  "16" REAL,
+  "17" REAL,
+  "18" REAL,
+  "19" REAL,
+  "20" REAL,
+  "21" REAL,
+  "22" REAL,
+  "23" REAL,
+  "24" REAL,
+  "25" REAL,
+  "26" REAL,
+  PRIMARY KEY ("TonicNoteId", "InstrumentType")
+);
+
+CREATE TABLE "ONPR" (
+  "NPSetId" INTEGER NOT NULL,
+  "InstrumentType" INTEGER NOT NULL,
+  "NPSetName" TEXT,
+  "TonicNoteId" INTEGER,
+  "00" REAL,
+  "01" REAL,
+  "02" REAL,
+  "03" REAL,
+  "04" REAL,
+  "05" REAL,
+  "06" REAL,
+  "07" REAL,
+  "08" REAL,
+  "09" REAL,
+  "10" REAL,
+  "11" REAL,
+  "12" REAL,
+  "13" REAL,
+  "14" REAL,
+  "15" REAL,
+  "16" REAL,
+  "17" REAL,
+  "18" REAL,
+  "19" REAL,
+  "20" REAL,
+  "21" REAL,
+  "22" REAL,
+  "23" REAL,
+  "24" REAL,
+  "25" REAL,
+  "26" REAL,
+  PRIMARY KEY ("NPSetId", "InstrumentType")
+);
+
+CREATE TABLE "Reed Colors" (
+  "Reed Number" INTEGER NOT NULL,
+  "Color Code" INTEGER NOT NULL,
+  PRIMARY KEY ("Reed Number")
+);
+
+-- One row: the version stamp, Null until the program first stamps it.
+CREATE TABLE "NVVersion" (
+  "Version" TEXT
+);
+INSERT INTO "NVVersion" ("Version") VALUES (NULL);

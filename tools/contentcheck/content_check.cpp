@@ -1,0 +1,297 @@
+// The content check: see content_check.h. Walks the rows table by table;
+// the phrase rules themselves are in phrase_checks.cpp.
+#include "content_check.h"
+
+#include <cmath>
+#include <cstdlib>
+#include <map>
+#include <set>
+
+#include "note_words.h"
+#include "phrase_checks.h"
+
+namespace contentcheck {
+namespace {
+
+using nvstore::Row;
+
+// Prompt numbers the screens fetch.
+bool promptNeeded(int id) { return (id >= 1 && id <= 71) || (id >= 87 && id <= 97); }
+
+const std::map<int, int> kGroupSizes = {{1, 30}, {2, 20}, {3, 20}};
+
+int toInt(const std::string& s) { return std::atoi(s.c_str()); }
+
+// Rows of one table in source order, and the problems found so far.
+struct Context {
+  std::map<std::string, std::vector<const Row*>> tables;
+  std::vector<Problem> problems;
+
+  const std::vector<const Row*>& rowsOf(const std::string& table) { return tables[table]; }
+
+  void report(Fault fault, const Row& row, const char* column, const std::string& message) {
+    const nvstore::Field* f = column ? row.find(column) : nullptr;
+    problems.push_back({fault, row.file, f ? f->line : row.line, message});
+  }
+};
+
+std::string value(const Row& row, const char* column) {
+  const nvstore::Field* f = row.find(column);
+  return f ? f->value : "";
+}
+
+// Note words of one column, and its durations in the column `durColumn`.
+// Answers whether the durations are all numbers, so that sums can be trusted.
+bool checkPhrasePair(Context& c, const Row& row, const char* noteColumn, const char* durColumn,
+                     Separators separators, bool wholeDurations) {
+  const std::string notes = value(row, noteColumn), durations = value(row, durColumn);
+  const std::string bad = firstIllegalWord(notes, separators);
+  if (!bad.empty()) c.report(Fault::IllegalNote, row, noteColumn, std::string(noteColumn) + ": '" + bad + "' is no note word");
+  const std::string badDur = firstBadDuration(durations, wholeDurations, separators == Separators::ColonsAndCommas);
+  if (!badDur.empty())
+    c.report(Fault::BadDuration, row, durColumn,
+             std::string(durColumn) + ": '" + badDur + "' is no " + (wholeDurations ? "whole " : "") + "positive number");
+  const std::string mismatch = countMismatch(notes, durations);
+  if (!mismatch.empty())
+    c.report(Fault::CountMismatch, row, durColumn, std::string(noteColumn) + " / " + durColumn + ": " + mismatch);
+  return badDur.empty();
+}
+
+// The pitch classes (0 to 11) of the note words of a phrase.
+std::set<int> pitchClasses(const std::string& notes) {
+  std::set<int> classes;
+  for (const std::string& w : words(notes))
+    for (const std::string& n : notesOfWord(w))
+      if (noteId(n) >= 0) classes.insert(noteId(n) % 12);
+  return classes;
+}
+
+void checkNotesOfRaga(Context& c, const Row& tech, const std::set<int>& ragaClasses) {
+  for (const char* column : {"AarohaAlt", "AvrohaAlt", "Pakad"}) {
+    for (int pc : pitchClasses(value(tech, column))) {
+      if (ragaClasses.count(pc) == 0) {
+        c.report(Fault::NoteOutsideRaga, tech, column,
+                 std::string(column) + " uses a note outside the raga's Raga Note Ids (pitch class " +
+                     std::to_string(pc) + ")");
+        break;
+      }
+    }
+  }
+}
+
+void checkVadiNumber(Context& c, const Row& tech, const char* noteColumn, const char* numColumn) {
+  const std::string note = value(tech, noteColumn);
+  if (!isLegalNoteWord(note) || note.find('\'') != std::string::npos) {
+    c.report(Fault::IllegalNote, tech, noteColumn, std::string(noteColumn) + ": '" + note + "' is not one note");
+  } else if (tech.find(numColumn) == nullptr || toInt(value(tech, numColumn)) != noteId(note)) {
+    c.report(Fault::BadNoteIds, tech, numColumn,
+             std::string(numColumn) + " must be the note id of " + note + ", " + std::to_string(noteId(note)));
+  }
+}
+
+// Raga Note Ids: the middle-octave notes of the raga and "24" (S>), blank-separated.
+std::set<int> checkRagaNoteIds(Context& c, const Row& row) {
+  std::set<int> classes;
+  std::set<int> ids;
+  for (const std::string& w : words(value(row, "Raga Note Ids"))) {
+    char* end = nullptr;
+    const long id = std::strtol(w.c_str(), &end, 10);
+    if (*end != '\0' || id < 12 || id > 24 || !ids.insert(static_cast<int>(id)).second) {
+      c.report(Fault::BadNoteIds, row, "Raga Note Ids", "Raga Note Ids: '" + w + "' is not a new id from 12 to 24");
+      continue;
+    }
+    classes.insert(static_cast<int>(id) % 12);
+  }
+  if (!ids.count(12) || !ids.count(24))
+    c.report(Fault::BadNoteIds, row, "Raga Note Ids", "Raga Note Ids must hold 12 (S) and 24 (S>)");
+  return classes;
+}
+
+void checkDuplicates(Context& c, const std::string& table, std::initializer_list<const char*> key) {
+  std::map<std::vector<std::string>, const Row*> seen;
+  for (const Row* row : c.rowsOf(table)) {
+    std::vector<std::string> k;
+    std::string shown;
+    for (const char* column : key) {
+      k.push_back(value(*row, column));
+      shown += (shown.empty() ? "" : ", ") + value(*row, column);
+    }
+    const auto [it, fresh] = seen.emplace(k, row);
+    if (!fresh)
+      c.report(Fault::DuplicateName, *row, *key.begin(),
+               "[" + table + "] " + shown + " is given twice (first at " + it->second->file + ":" +
+                   std::to_string(it->second->line) + ")");
+  }
+}
+
+void checkRagas(Context& c) {
+  std::map<int, const Row*> notesRows, techRows, alapRows;
+  for (const Row* r : c.rowsOf("Raga - Notes")) notesRows[toInt(value(*r, "Raga Index"))] = r;
+  for (const Row* r : c.rowsOf("Raga - Technical Information")) techRows[toInt(value(*r, "Raga Index"))] = r;
+  for (const Row* r : c.rowsOf("Raga - ALT Phrases"))
+    if (value(*r, "PhraseType") == "1") alapRows[toInt(value(*r, "RagaIndex"))] = r;
+
+  for (const Row* name : c.rowsOf("RagaNameList")) {
+    const int id = toInt(value(*name, "Raga Index"));
+    const std::string raga = value(*name, "Raga");
+    if (!techRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Technical Information] row");
+    if (!notesRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Notes] row");
+    if (!alapRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no alap ([Raga - ALT Phrases] type 1)");
+  }
+  for (const auto& [id, tech] : techRows) {
+    checkPhrasePair(c, *tech, "AarohaAlt", "AaDuration", Separators::None, true);
+    checkPhrasePair(c, *tech, "AvrohaAlt", "AvDuration", Separators::None, true);
+    const std::string pakad = value(*tech, "Pakad");
+    const std::string bad = firstIllegalWord(pakad, Separators::Colons);
+    if (!bad.empty()) c.report(Fault::IllegalNote, *tech, "Pakad", "Pakad: '" + bad + "' is no note word");
+    const std::string badDur = firstBadDuration(value(*tech, "PakadDuration"), true, false);
+    if (!badDur.empty()) c.report(Fault::BadDuration, *tech, "PakadDuration", "PakadDuration: '" + badDur + "' is no whole positive number");
+    const std::string runOut = pakadMismatch(pakad, value(*tech, "PakadDuration"));
+    if (!runOut.empty())
+      c.report(runOut.find("run out") != std::string::npos ? Fault::PakadDurationsRunOut : Fault::CountMismatch,
+               *tech, "PakadDuration", "Pakad: " + runOut);
+    checkVadiNumber(c, *tech, "Vadi", "VadiNum");
+    checkVadiNumber(c, *tech, "Samvadi", "SamvadiNum");
+    if (notesRows.count(id)) checkNotesOfRaga(c, *tech, checkRagaNoteIds(c, *notesRows[id]));
+  }
+  for (const Row* alt : c.rowsOf("Raga - ALT Phrases")) {
+    if (value(*alt, "PhraseType") == "3") {
+      const std::string bad = firstIllegalWord(value(*alt, "NotesPhrase"), Separators::ColonsAndCommas);
+      if (!bad.empty()) c.report(Fault::IllegalNote, *alt, "NotesPhrase", "NotesPhrase: '" + bad + "' is no note word");
+    } else {
+      checkPhrasePair(c, *alt, "NotesPhrase", "DurationPhrase", Separators::ColonsAndCommas, true);
+    }
+  }
+}
+
+// The syllables, without blanks and "_", must spell the part's words.
+void checkSyllableText(Context& c, const Row& part) {
+  auto squeeze = [](const std::string& s, bool dropUnderscores) {
+    std::string out;
+    for (char ch : s)
+      if (ch != ' ' && !(dropUnderscores && ch == '_')) out += ch;
+    return out;
+  };
+  if (squeeze(value(part, "Syllables"), true) != squeeze(value(part, "CompositionText"), false))
+    c.report(Fault::SyllableCount, part, "Syllables", "the syllables do not spell CompositionText");
+}
+
+void checkCompositionPart(Context& c, const Row& part, const std::map<int, int>& beatsOfTala) {
+  const bool notesTimed = checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::None, false);
+  const std::string syl = value(part, "Syllables"), sylDur = value(part, "SyllableDuration");
+  const std::string badDur = firstBadDuration(sylDur, false, false);
+  if (!badDur.empty()) c.report(Fault::BadDuration, part, "SyllableDuration", "SyllableDuration: '" + badDur + "' is no positive number");
+  const auto sylCount = words(syl).size(), durCount = words(sylDur).size();
+  if (sylCount != durCount)
+    c.report(Fault::SyllableCount, part, "SyllableDuration",
+             std::to_string(sylCount) + " syllables but " + std::to_string(durCount) + " syllable durations");
+  checkSyllableText(c, part);
+  if (!notesTimed || !badDur.empty()) return;  // sums of bad durations prove nothing
+  const double matras = durationSum(value(part, "NotesDuration"));
+  if (std::fabs(durationSum(sylDur) - matras) > 1e-6)
+    c.report(Fault::SyllableCount, part, "SyllableDuration", "the syllables last other matras than the notes");
+
+  const auto tala = beatsOfTala.find(toInt(value(part, "Tala Id")));
+  if (tala == beatsOfTala.end()) {
+    c.report(Fault::TalaCycle, part, "Tala Id", "unknown Tala Id '" + value(part, "Tala Id") + "'");
+    return;
+  }
+  const int beats = tala->second, start = toInt(value(part, "Starting Beat"));
+  if (start < 1 || start > beats)
+    c.report(Fault::TalaCycle, part, "Starting Beat", "Starting Beat must lie from 1 to " + std::to_string(beats));
+  const double cycles = matras / beats;
+  if (matras <= 0 || std::fabs(cycles - std::round(cycles)) > 1e-6)
+    c.report(Fault::TalaCycle, part, "NotesDuration",
+             "the part lasts " + std::to_string(matras) + " matras, not whole cycles of " + std::to_string(beats) + " beats");
+  if (toInt(value(part, "Playing Speed")) <= 0)
+    c.report(Fault::TalaCycle, part, "Playing Speed", "Playing Speed (length of a matra in 10 ms) must be positive");
+}
+
+// A similar raga: Notation holds the other raga's phrase, Syllables this
+// raga's phrase, both timed in hundredths of a second.
+void checkComparison(Context& c, const Row& part) {
+  checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::Colons, true);
+  checkPhrasePair(c, part, "Syllables", "SyllableDuration", Separators::Colons, true);
+}
+
+void checkCompositions(Context& c, const CheckOptions& options) {
+  std::map<int, int> beatsOfTala;
+  for (const Row* t : c.rowsOf("Tala - Technical Information"))
+    beatsOfTala[toInt(value(*t, "Tala Id"))] = toInt(value(*t, "Beat Count"));
+  std::map<std::pair<int, int>, const Row*> parts;
+  for (const Row* p : c.rowsOf("Raga - Composition Notations"))
+    parts[{toInt(value(*p, "Notation Index")), toInt(value(*p, "Composition Part"))}] = p;
+
+  std::set<int> referenced;
+  for (const Row* info : c.rowsOf("Raga - Additional Information")) {
+    const int type = toInt(value(*info, "Add Info Type")), index = toInt(value(*info, "Notation Index"));
+    if (type == 3 && options.wholeLibrary)
+      c.report(Fault::FilmSongShipped, *info, "Add Info Type", "film songs are not shipped in the library");
+    if (index == 0) continue;
+    referenced.insert(index);
+    const auto first = parts.find({index, 1}), second = parts.find({index, 2});
+    if (first == parts.end()) {
+      c.report(Fault::MissingPart, *info, "Notation Index", "no notation row (part 1) for Notation Index " + std::to_string(index));
+      continue;
+    }
+    if (value(*first->second, "Raga Index") != value(*info, "Raga Index"))
+      c.report(Fault::MissingPart, *first->second, "Raga Index", "Raga Index differs from its Additional Information row");
+    if (type == 1) checkComparison(c, *first->second);
+    if (type == 3) checkPhrasePair(c, *first->second, "Notation", "NotesDuration", Separators::None, false);
+    if (type != 2) continue;
+    if (second == parts.end())
+      c.report(Fault::MissingPart, *info, "Notation Index", "composition " + std::to_string(index) + " has no Antara (part 2)");
+    checkCompositionPart(c, *first->second, beatsOfTala);
+    if (second != parts.end()) checkCompositionPart(c, *second->second, beatsOfTala);
+  }
+  for (const auto& [key, row] : parts)
+    if (!referenced.count(key.first))
+      c.report(Fault::MissingPart, *row, "Notation Index", "no [Raga - Additional Information] row names this notation");
+}
+
+void checkLibraryWide(Context& c) {
+  std::set<int> prompts;
+  for (const Row* p : c.rowsOf("Prompts"))
+    if (!value(*p, "Prompt").empty()) prompts.insert(toInt(value(*p, "Prompt Id")));
+  for (int id = 1; id <= 97; ++id)
+    if (promptNeeded(id) && !prompts.count(id))
+      c.problems.push_back({Fault::MissingPrompt, "content/prompts.rec", 0, "prompt " + std::to_string(id) + " is missing or empty"});
+
+  std::map<int, int> groups;
+  for (const Row* r : c.rowsOf("RagaNameList")) ++groups[toInt(value(*r, "Level"))];
+  for (const auto& [level, count] : groups)
+    if (!kGroupSizes.count(level))
+      c.problems.push_back({Fault::GroupCount, "content/ragas", 0, "group " + std::to_string(level) + " does not exist"});
+  for (const auto& [level, size] : kGroupSizes)
+    if (groups[level] != size)
+      c.problems.push_back({Fault::GroupCount, "content/ragas", 0,
+                            "group " + std::to_string(level) + " holds " + std::to_string(groups[level]) +
+                                " ragas instead of " + std::to_string(size)});
+}
+
+}  // namespace
+
+std::string Problem::text() const { return file + ":" + std::to_string(line) + ": " + message; }
+
+std::vector<Problem> checkContent(const std::vector<nvstore::Row>& rows, const CheckOptions& options) {
+  Context c;
+  for (const Row& r : rows) c.tables[r.table].push_back(&r);
+  checkDuplicates(c, "RagaNameList", {"Raga"});
+  checkDuplicates(c, "RagaNameList", {"Raga Index"});
+  checkDuplicates(c, "Raga - Technical Information", {"Raga Index"});
+  checkDuplicates(c, "Raga - Notes", {"Raga Index"});
+  checkDuplicates(c, "Raga - ALT Phrases", {"RagaIndex", "PhraseType"});
+  checkDuplicates(c, "Raga - Additional Information", {"Add Info", "Raga Index", "Add Info Type"});
+  checkDuplicates(c, "Raga - Additional Information", {"Notation Index"});
+  checkDuplicates(c, "Raga - Composition Notations", {"Notation Index", "Composition Part"});
+  checkDuplicates(c, "Tala - Technical Information", {"Tala Name"});
+  checkDuplicates(c, "Tala - Technical Information", {"Tala Id"});
+  checkDuplicates(c, "ThataScales", {"ThataName"});
+  checkDuplicates(c, "Prompts", {"Prompt Id"});
+  checkRagas(c);
+  checkCompositions(c, options);
+  if (options.wholeLibrary) checkLibraryWide(c);
+  return c.problems;
+}
+
+}  // namespace contentcheck
