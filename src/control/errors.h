@@ -18,8 +18,8 @@
 #include <string>
 
 struct ErrorTrap : std::runtime_error {
-  ErrorTrap(long number, const std::string& description, const std::string& source)
-      : std::runtime_error(description), number(number), source(source) {}
+  ErrorTrap(long errorNumber, const std::string& description, const std::string& errorSource)
+      : std::runtime_error(description), number(errorNumber), source(errorSource) {}
   long number;
   std::string source;
 };

@@ -58,10 +58,13 @@ class Value {
 //   3024 file not found, 3045 file already in use (a second copy),
 //   3051 file cannot be opened (permissions, not a store), 3078 no such
 //   table or query, 3265 no such field, 3021 no current record,
-//   3022 duplicate key, 3027 store is read-only, 3049 store is damaged.
+//   3022 duplicate key, 3027 store is read-only, 3049 store is damaged,
+//   3015 no such index, 3019 Seek without a current index, 3020 Update
+//   without AddNew or Edit, 3251 operation not supported by this kind of
+//   recordset, 3314 a required field is Null, 3420 recordset or store closed.
 struct StoreError : std::runtime_error {
-  StoreError(long number, const std::string& description)
-      : std::runtime_error(description), number(number) {}
+  StoreError(long errorNumber, const std::string& description)
+      : std::runtime_error(description), number(errorNumber) {}
   long number;
 };
 
@@ -83,6 +86,8 @@ class Recordset {
   virtual void moveLast() = 0;
   virtual bool eof() const = 0;
   virtual bool bof() const = 0;
+  // moveFirst/moveLast on an empty recordset leave it at EOF and BOF; a
+  // moveNext at EOF is error 3021.
   // Table: the row count at once. Dynaset and snapshot: the rows visited so
   // far, right only after moveLast.
   virtual long recordCount() const = 0;
@@ -125,6 +130,11 @@ class Workspace {
   virtual std::unique_ptr<Database> openDatabase(const std::string& path, bool exclusive,
                                                  bool readOnly,
                                                  const std::string& connect) = 0;
+  // Creates a new store file from a schema text. The file is written under
+  // a temporary name and renamed when complete, so a failed creation leaves
+  // nothing that looks like a store. An existing file is never touched
+  // (3045); a folder that cannot be written is 3051.
+  virtual void createDatabase(const std::string& path, const std::string& schemaSql) = 0;
 };
 
 // Workspace 0 of the engine.

@@ -208,10 +208,11 @@ void checkCompositionPart(Context& c, const Row& part, const std::map<int, int>&
 }
 
 // A similar raga: Notation holds the other raga's phrase, Syllables this
-// raga's phrase, both timed in hundredths of a second.
+// raga's phrase, both timed in hundredths of a second and played as they
+// stand, so without segment marks.
 void checkComparison(Context& c, const Row& part) {
-  checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::Colons, true);
-  checkPhrasePair(c, part, "Syllables", "SyllableDuration", Separators::Colons, true);
+  checkPhrasePair(c, part, "Notation", "NotesDuration", Separators::None, true);
+  checkPhrasePair(c, part, "Syllables", "SyllableDuration", Separators::None, true);
 }
 
 void checkCompositions(Context& c, const CheckOptions& options) {
@@ -253,9 +254,16 @@ void checkLibraryWide(Context& c) {
   std::set<int> prompts;
   for (const Row* p : c.rowsOf("Prompts"))
     if (!value(*p, "Prompt").empty()) prompts.insert(toInt(value(*p, "Prompt Id")));
-  for (int id = 1; id <= 97; ++id)
-    if (promptNeeded(id) && !prompts.count(id))
-      c.problems.push_back({Fault::MissingPrompt, "content/prompts.rec", 0, "prompt " + std::to_string(id) + " is missing or empty"});
+  std::string missing;  // as "1-3, 7, 90-97"
+  for (int id = 1; id <= 97; ++id) {
+    if (!promptNeeded(id) || prompts.count(id)) continue;
+    int last = id;
+    while (promptNeeded(last + 1) && !prompts.count(last + 1)) ++last;
+    missing += (missing.empty() ? "" : ", ") + std::to_string(id) + (last > id ? "-" + std::to_string(last) : "");
+    id = last;
+  }
+  if (!missing.empty())
+    c.problems.push_back({Fault::MissingPrompt, "content/prompts.rec", 0, "prompts missing or empty: " + missing});
 
   std::map<int, int> groups;
   for (const Row* r : c.rowsOf("RagaNameList")) ++groups[toInt(value(*r, "Level"))];

@@ -1,0 +1,104 @@
+// Event handlers of the main window (form id 1) and of the opening screen
+// shown before it.
+#include "control/messages.h"
+#include "control/screen_manager.h"
+#include "control/screen_table.h"
+#include "control/session.h"
+#include "control/startup.h"
+#include "control/trace.h"
+#include "control/trace_menu.h"
+#include "platform/screen.h"
+#include "sound/playback.h"
+
+namespace {
+
+using platform::Event;
+using platform::EventKind;
+
+const char* const kProductDescription =
+    "Nadavik is a companion for learning the ragas of North Indian classical music on your "
+    "own.\n\n"
+    "Choose a raga from the raga grid and hear it: its scale, its pakad, alap phrases, "
+    "layakari and taans, and compositions set to a tala with a tabla theka. A synthesised "
+    "harmonium plays over a tanpura drone while the notes light up on an on-screen harmonium "
+    "keyboard and in the notation, in English or Devanagari script.\n\n"
+    "Around the ragas stand a quiz, a music sampler, a workbench for note patterns and ear "
+    "training, a composer for music of your own, and a screen for tuning scales by ear.\n\n"
+    "Press OK to begin, or Cancel to leave.";
+
+// The main window's Load: the opening screen first; the program starts only
+// when the user presses OK there.
+void onMainLoad(platform::Screen& main) {
+  gOpeningOk = 0;
+  platform::windowSystem().screen("OpeningScreen").showModal();
+  if (gOpeningOk == 0) {
+    main.unload();
+    return;
+  }
+  gResizeEnabled = 0;
+  sNVControl(0);
+}
+
+void onMainQueryUnload(const Event& e) {
+  if (e.unloadMode != 0) return;  // the program's own unload
+  gCloseReason = 2;
+  sNVControl(20);
+}
+
+void onMainTimer() {
+  gMainMenuForm->control("cTimer").setEnabled(false);
+  if (gTimerPurpose == 1) sInitApp2(0);
+  if (gTimerPurpose == 2) sTerminateApp();
+}
+
+void bindMenu(platform::Screen& s, const char* entry, std::int16_t formId) {
+  s.on(entry, EventKind::Click, [formId](const Event&) { sCallController(formId, 0); });
+}
+
+}  // namespace
+
+void sBindNadavikEvents(platform::Screen& s) {
+  s.on("", EventKind::Load, [&s](const Event&) { onMainLoad(s); });
+  s.on("", EventKind::Resize, [](const Event&) { sResizeForm(); });
+  s.on("", EventKind::Activate, [&s](const Event&) {
+    gFormState = static_cast<std::int16_t>(s.windowState());
+    gResizeEnabled = 1;
+  });
+  s.on("", EventKind::QueryUnload, onMainQueryUnload);
+  s.on("cExit", EventKind::Click, [](const Event&) {
+    gCloseReason = 1;
+    sNVControl(20);
+  });
+  s.on("cOK", EventKind::Click, [](const Event&) { sInitApp2(1); });
+  s.on("cShowNext", EventKind::Click, [](const Event&) { sInitApp2(0); });
+  s.on("cTimer", EventKind::Timer, [](const Event&) { onMainTimer(); });
+  s.on("cMM", EventKind::Done, [](const Event&) { sPlayMusicFile(gCurrMusicFile); });
+  bindMenu(s, "cMnuExpRag", kFormRagaSelection1);
+  bindMenu(s, "cMnuTakQui", kFormQuiz);
+  bindMenu(s, "cMnuUseMusSam", kFormNVSampler);
+  s.on("cMnuOpeWor", EventKind::Click, [](const Event&) { sNVControl(3); });
+  s.on("cMnuInvCom", EventKind::Click, [](const Event&) { sNVControl(4); });
+  bindMenu(s, "cMnuDefPitShi", kFormScaleShifting);
+  bindMenu(s, "cMnuRevRagGro", kFormReviewRagas);
+  s.on("cMnuShoTip", EventKind::Click, [](const Event&) {
+    gTipSignal = 1;
+    sMnuTipsCheck();
+  });
+  s.on("cMnuDonShoTip", EventKind::Click, [](const Event&) {
+    gTipSignal = 0;
+    sMnuTipsCheck();
+  });
+  s.on("cMnuHel", EventKind::Click, [](const Event&) { gCurrForm->enterWhatsThisMode(); });
+  sBindTraceMenuEvents(s);
+}
+
+void sBindOpeningScreenEvents(platform::Screen& s) {
+  s.on("", EventKind::Load, [&s](const Event&) {
+    s.control("Text1").setText(kProductDescription);
+  });
+  s.on("OKButton", EventKind::Click, [&s](const Event&) {
+    gOpeningOk = 1;
+    s.unload();
+  });
+  s.on("CancelButton", EventKind::Click, [&s](const Event&) { s.unload(); });
+}

@@ -1,0 +1,11 @@
+// Message boxes of the logic.
+#include "control/messages.h"
+
+void sShowMessage(const std::string& text) {
+  platform::windowSystem().messageBox(text, platform::kMsgInformation, "Message");
+}
+
+int fAskYesNo(const std::string& text, const std::string& title) {
+  return platform::windowSystem().messageBox(text, platform::kMsgYesNo | platform::kMsgQuestion,
+                                             title);
+}

@@ -1,0 +1,96 @@
+// Definitions of the session state with the values a process starts with.
+// File names join directories with "/" where the original used "\".
+#include "control/session.h"
+
+#include "platform/store.h"
+
+std::string gAppPath, gDataPath, gExeFile, gErrTraceFile;
+std::string gCrLf, gSeparator, gStoreAPath, gStoreBPath, gTempPath;
+std::string gWavA, gWavB, gWavC;
+std::array<std::string, 4> gWavFiles;
+std::string gDroneWavFile;
+std::array<std::string, 5> gInstrLibFiles;
+std::string gHelpFile;
+std::string gCurrBuildFile, gCurrMusicFile;
+
+platform::Workspace* gWorkspace = nullptr;
+std::unique_ptr<platform::Database> gDbA;
+std::unique_ptr<platform::Database> gDbB;
+std::int16_t gCurrDbSelector = 1;
+
+std::int16_t gCurrRagaId = 0;
+std::string gCurrRagaName;
+std::int16_t gSelRagaId = 0;
+std::string gSelRagaName;
+std::int16_t gCurrTonicNoteId = 3;
+std::int16_t gCurrMusicSetId = 3;
+std::string gCurrMusicSetName;
+std::int16_t gCurrItemType = 0;
+std::int16_t gCurrPhraseKind = 0;
+std::int32_t gCurrCompIndex = 0;
+std::string gCurrCompName;
+std::int16_t gCurrMode = 1;
+
+std::int16_t gKeyboardDisplay = 1;
+std::int16_t gNotationScript = 1;
+std::int16_t gNotationDisplay = 1;
+std::int16_t gNotePallet = 1;
+std::int16_t gGraceNotes = 2;
+std::int16_t gThekaMode = 1;
+std::int16_t gSortingMode = 0;
+std::int16_t gDevnagariOk = 0;
+
+std::int16_t gTipCount = 0;
+std::int16_t gLastTip = 0;
+std::int16_t gTipSignal = 1;
+
+std::int16_t gDelayC = 10, gDelayMO = 10, gDelayPC = 10, gDelayW = 10;
+
+double gCurrDroneFactor = 1.0;
+std::int32_t gCurrDroneType = 1;
+std::int16_t gWavOption = 1;
+std::int16_t gDroneMode = 1;
+std::string gDroneSetName = "e";
+std::string gSynthNames = "ce";
+std::string gMainSetName = "c";
+std::int32_t gSynthVolume = 1;
+std::int32_t gThekaInstrument = 4;
+std::int16_t gCompPart = 1;
+std::int32_t gDroneCycles = 2;
+
+std::array<double, 19> gSpeedFactors = {};
+
+std::int16_t gOsPlatform = 0;
+std::int16_t gCloseReason = 0;
+std::int16_t gTimerPurpose = 1;
+std::int16_t gCallbackContext = 0;
+std::int16_t gOpeningOk = 0;
+float gMaxFormL = 0, gMaxFormT = 0, gMaxFormW = 0, gMaxFormH = 0;
+
+std::int16_t gScriptLineCount = 0;
+std::int16_t gScriptRun = 0;
+std::vector<std::string> gScriptLines;
+
+platform::Screen* gCurrForm = nullptr;
+platform::Screen* gPrevForm = nullptr;
+platform::Screen* gMainMenuForm = nullptr;
+std::int16_t gCurrFormId = 0;
+std::array<std::int16_t, 28> gParentFormIds = {};
+float gFormL = 0, gFormT = 0, gFormW = 0, gFormH = 0;
+std::int16_t gFormState = 0;
+std::int16_t gResizeEnabled = 0;
+std::int16_t gInternalClose = 0;
+std::int16_t gImageIndex = 6;
+std::string gImageFile;
+
+std::string gCurrProcName;
+std::int16_t gTraceEnabled = 0;
+std::int16_t gTraceOn = 0;
+std::int16_t gTraceLevel = 0;
+std::string gTraceIndent;
+std::int16_t gIgnorableCount = 0;
+std::int16_t gErrorTrapCount = 0;
+std::string gErrDescription;
+std::int32_t gErrNumber = 0;
+std::string gErrSource;
+std::int32_t gErrLastDll = 0;

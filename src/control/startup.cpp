@@ -1,0 +1,329 @@
+// Program control: start-up, the main window, tips and the stop sequence.
+//
+// Start: the main window's Load event shows the opening screen; when the
+// user goes on, sNVControl(0) sets the paths, empties the trace file, reads
+// the command line, sets the fixed values, checks the font, opens both
+// stores, reads the usage parameters and calls sInitApp1, which readies the
+// sound library and greets the user with the drone. After the greeting's
+// timer, sInitApp2 shows the tips and enables the menu.
+// Stop: sNVControl(20) deletes the temporary wave files, saves the usage
+// parameters, closes both stores and unloads the main window.
+#include "control/startup.h"
+
+#include <unistd.h>
+
+#include <filesystem>
+#include <fstream>
+
+#include "control/errors.h"
+#include "control/messages.h"
+#include "control/parameters.h"
+#include "control/screen_manager.h"
+#include "control/screen_table.h"
+#include "control/session.h"
+#include "control/trace.h"
+#include "control/user_store.h"
+#include "platform/screen.h"
+#include "platform/store.h"
+#include "sound/playback.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string gCommandLine;
+
+const char* const kCredits =
+    "Harmonium, tanpura and tabla are synthesised by Nadavik's own sound library. "
+    "Ragas, phrases and compositions written for Nadavik.";
+
+bool fileExists(const std::string& path) {
+  std::error_code ec;
+  return !path.empty() && fs::exists(path, ec);
+}
+
+void removeIfExists(const std::string& path) {
+  std::error_code ec;
+  if (!path.empty()) fs::remove(path, ec);
+}
+
+platform::Screen& mainWindow() { return *gMainMenuForm; }
+
+// Empties the trace file and writes its start lines. A data directory that
+// cannot be written ends the program with a message that names it.
+void openErrorTraceFile() {
+  std::ofstream out(gErrTraceFile, std::ios::trunc);
+  if (!out) {
+    sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath +
+                 "'. Please make that folder writable for your user and start Nadavik again.");
+    platform::windowSystem().endProcess(1);
+  }
+  out << "\n" << "Opened Error Trace File" << "\n" << fDateTimeLine() << "\n\n";
+}
+
+void readScriptFile() {
+  std::ifstream in(gDataPath + "/NVScript.txt");
+  if (!in) return;
+  gScriptLines.assign(1, std::string());
+  std::string line;
+  while (std::getline(in, line)) {
+    gScriptLines.push_back(line);
+    ++gScriptLineCount;
+  }
+  gScriptRun = -1;
+}
+
+void fillMainLabels() {
+  platform::Screen& s = mainWindow();
+  s.control("Label4").setCaption("Nadavik\u2122");
+  s.control("Label5").setCaption(
+      "A comprehensive multi-media guide for Introduction to and Self-Instruction  of  Ragas of  "
+      "North Indian Classical Music - Version " +
+      fGetNVVerString());
+  s.control("Label3").setCaption(kCredits);
+}
+
+void readMaximisedGeometry() {
+  platform::Screen& s = mainWindow();
+  s.setWindowState(2);
+  gMaxFormH = s.height();
+  gMaxFormL = s.left();
+  gMaxFormT = s.top();
+  gMaxFormW = s.width();
+  s.setWindowState(0);
+  gResizeEnabled = 0;
+}
+
+void openStores() {
+  gWorkspace = &platform::defaultWorkspace();
+  gDbA = gWorkspace->openDatabase(gStoreAPath, true, true, kConnectString);
+  sEnsureUserStore(gStoreBPath);
+  gDbB = gWorkspace->openDatabase(gStoreBPath, true, false, kConnectString);
+}
+
+void showMainPicture() {
+  gImageFile = gDataPath + "/nv" + std::to_string(gImageIndex) + ".jpg";
+  mainWindow().setPicture(gImageFile);
+}
+
+void setTipControlsVisible(bool on) {
+  platform::Screen& s = mainWindow();
+  for (const char* name : {"Label11", "cOK", "cShowNext", "cTip"}) s.control(name).setVisible(on);
+}
+
+void startProgram() {
+  gAppPath = gAppPath.empty() ? fs::current_path().string() : gAppPath;
+  gExeFile = gAppPath + "/tonvex.exe";
+  gDataPath = gAppPath;
+  gErrTraceFile = gDataPath + "/errtrace.txt";
+  openErrorTraceFile();
+  sCheckCommandLine();
+  sSetGlobalVariables();
+  sCheckFont();
+  sSetSQLStrings();
+  gCurrFormId = kFormNadavik;
+  sSetCurrFormById();
+  mainWindow().setVisible(true);
+  sMnuTraceCheck();
+  readMaximisedGeometry();
+  fillMainLabels();
+  mainWindow().setVisible(false);
+  openStores();
+  sCheckSetNVVersion();
+  sSetDefaultOptions();
+  gOsPlatform = fGetOSPlatform();
+  sMnuTipsCheck();
+  showMainPicture();
+  sNVControl(2);
+}
+
+void stopProgram() {
+  sDisableNVSelections();
+  gTimerPurpose = 2;
+  gImageIndex = 6;
+  showMainPicture();
+  sDeleteWavFiles();
+  sSaveUsageParameters();
+  if (gDbA) gDbA->close();
+  if (gDbB) gDbB->close();
+  gDbA.reset();
+  gDbB.reset();
+  if (gCloseReason == 1) sTerminateApp();
+}
+
+}  // namespace
+
+void sSetProgramLocation(const std::string& appPath, const std::string& commandLine) {
+  gAppPath = appPath;
+  gCommandLine = commandLine;
+}
+
+void sNVControl(std::int16_t event) {
+  gCallbackContext = 0;
+  switch (event) {
+    case 0:
+      startProgram();
+      break;
+    case 2:
+      sInitApp1();
+      break;
+    case 3:
+      sCallController(kFormWorkshop, 0);
+      break;
+    case 4:
+      sCallController(kFormComposer, 0);
+      break;
+    case 20:
+      stopProgram();
+      break;
+    default:
+      break;
+  }
+}
+
+void sCheckCommandLine() {
+  NV_PROC("sCheckCommandLine");
+  bool trace = gCommandLine.find('1') != std::string::npos;
+  gTraceEnabled = trace ? -1 : 0;
+  gTraceOn = trace ? -1 : 0;
+  gScriptLineCount = 0;
+  gScriptRun = 0;
+  if (gCommandLine.find('2') != std::string::npos && fileExists(gDataPath + "/NVScript.txt"))
+    readScriptFile();
+}
+
+std::string fGetTempFilesPathName() {
+  NV_PROC("fGetTempFilesPathName");
+  std::error_code ec;
+  fs::path dir = fs::temp_directory_path(ec);
+  if (ec) return "";
+  dir /= "nadavik-" + std::to_string(getuid());
+  fs::create_directories(dir, ec);
+  if (ec || access(dir.c_str(), W_OK) != 0) return "";
+  return dir.string() + "/";
+}
+
+void sSetGlobalVariables() {
+  NV_PROC("sSetGlobalVariables");
+  gCrLf = "\r\n";
+  gSeparator = " - ";
+  gStoreAPath = gDataPath + "/mrA.nvy";
+  gStoreBPath = gDataPath + "/mrB.nvy";
+  gTempPath = fGetTempFilesPathName();
+  if (gTempPath.empty())
+    sShowMessage("Nadavik cannot write its temporary sound files: the temporary folder (set by "
+                 "TMPDIR, usually /tmp) is missing or not writable. Music cannot be played until "
+                 "that folder is writable.");
+  gWavA = gTempPath + "A.wav";
+  gWavB = gTempPath + "B.wav";
+  gWavC = gTempPath + "C.wav";
+  gWavFiles = {gWavA, gWavB, gWavC, ""};
+  gDroneWavFile = gAppPath + "D.Wav";
+  gInstrLibFiles = {"", "", gDataPath + "/vlb.nvy", gDataPath + "/clb.nvy", ""};
+  gSpeedFactors = {0,   5.0, 3.33, 2.5, 2.0, 1.67, 1.43, 1.25, 1.11, 1.0,
+                   0.8, 0.67, 0.57, 0.5, 0.44, 0.4, 0.36, 0.33, 0};
+  gHelpFile = gDataPath + "/NV.HLP";
+  sCreateScreenObjects();
+}
+
+std::int16_t fSushaExists() {
+  NV_PROC("fSushaExists");
+  for (const auto& family : platform::windowSystem().fontFamilies())
+    if (family == "Shusha") return -1;
+  return 0;
+}
+
+std::int16_t fInstallSusha() {
+  NV_PROC("fInstallSusha");
+  return static_cast<std::int16_t>(
+      platform::windowSystem().addFontResource(gDataPath + "/Shusha.ttf"));
+}
+
+void sCheckFont() {
+  NV_PROC("sCheckFont");
+  gDevnagariOk = -1;
+  if (fSushaExists() == 0 && fInstallSusha() != 1) {
+    sShowMessage("There was a problem installing Font Shusha. This installation will always show "
+                 "notation using English script.");
+    gDevnagariOk = 0;
+  }
+}
+
+std::int16_t fGetOSPlatform() {
+  NV_PROC("fGetOSPlatform");
+  return static_cast<std::int16_t>(gCurrForm->control("cSysInfo").osPlatform());
+}
+
+std::int16_t fGetNVTipCount() {
+  NV_PROC("fGetNVTipCount");
+  auto rs = gDbA->openRecordset("NVTips", platform::RecordsetType::Table);
+  auto count = static_cast<std::int16_t>(rs->recordCount());
+  rs->close();
+  return count;
+}
+
+void sLoadNextTip() {
+  NV_PROC("sLoadNextTip");
+  auto rs = gDbA->openRecordset("NVTips", platform::RecordsetType::Table);
+  ++gLastTip;
+  if (gLastTip > gTipCount) gLastTip = 1;
+  rs->setIndex("PrimaryKey");
+  rs->seek("=", {platform::Value(static_cast<int>(gLastTip))});
+  if (!rs->noMatch()) mainWindow().control("cTip").setText(rs->field("Tip").asText());
+  rs->close();
+}
+
+void sInitApp1() {
+  NV_PROC("sInitApp1");
+  gIgnorableCount = 0;
+  gErrorTrapCount = 0;
+  gResizeEnabled = 0;
+  if (!fStartSoundLibrary()) return;
+  mainWindow().setVisible(true);
+  sShowForm(0);
+  sDisableNVSelections();
+  gDroneCycles = 2;
+  if (!fGenerateGreetingDrone()) return;
+  gCurrMusicFile = gDroneWavFile;
+  gCurrItemType = 0;
+  gCallbackContext = 0;
+  gFileOpened = 0;
+  sPlayMusicFile(gCurrMusicFile);
+  platform::Control& timer = mainWindow().control("cTimer");
+  timer.setInterval(gDroneCycles * 3200 + 100);
+  timer.setEnabled(true);
+}
+
+void sInitApp2(std::int16_t step) {
+  NV_PROC("sInitApp2");
+  platform::Screen& s = mainWindow();
+  s.control("cTimer").setEnabled(false);
+  if (step == 0 && gTipSignal == 1) {
+    setTipControlsVisible(true);
+    sLoadNextTip();
+    return;
+  }
+  setTipControlsVisible(false);
+  sEnableNVSelections();
+  s.control("cPrompts").setText(fGetPrompts("1"));
+  s.control("Label1").setVisible(true);
+}
+
+void sDeleteWavFilePair(const std::string& name) {
+  NV_PROC("sDeleteWavFilePair");
+  removeIfExists(name);
+  if (name.size() >= 3) removeIfExists(name.substr(0, name.size() - 3) + "vaw");
+}
+
+void sDeleteWavFiles() {
+  NV_PROC("sDeleteWavFiles");
+  sDeleteWavFilePair(gWavA);
+  sDeleteWavFilePair(gWavB);
+  sDeleteWavFilePair(gWavC);
+}
+
+void sTerminateApp() {
+  NV_PROC("sTerminateApp");
+  if (fileExists(gCurrMusicFile)) removeIfExists(gCurrMusicFile);
+  gCurrForm->unload();
+}

@@ -1,0 +1,107 @@
+// Qt backend of the window system (see qt_window_system.h).
+#include "platform/qt/qt_window_system.h"
+
+#include <QApplication>
+#include <QFontDatabase>
+#include <QMessageBox>
+#include <QScreen>
+#include <cstdlib>
+
+#include "platform/audio.h"
+#include "platform/qt/qt_screen.h"
+#include "platform/screendef.h"
+
+namespace platform {
+
+QtWindowSystem::QtWindowSystem(std::string screensDir) : screensDir_(std::move(screensDir)) {}
+
+QtWindowSystem::~QtWindowSystem() = default;
+
+QtWindowSystem& qtWindowSystem() { return static_cast<QtWindowSystem&>(windowSystem()); }
+
+Screen& QtWindowSystem::screen(const std::string& name) {
+  auto it = screens_.find(name);
+  if (it != screens_.end()) return *it->second;
+  ScreenParseError error;
+  auto def = loadScreenDefinition(screensDir_ + "/" + name + ".screen", &error);
+  if (!def) throw ProgramError("Screen definition of '" + name + "' unusable: " + error.message);
+  auto screen = std::make_unique<QtScreen>(std::move(*def));
+  Screen& result = *screen;
+  screens_.emplace(name, std::move(screen));
+  return result;
+}
+
+int QtWindowSystem::messageBox(const std::string& text, int style, const std::string& title) {
+  if (responder_) return responder_(text, style, title);
+  QMessageBox box;
+  box.setWindowTitle(QString::fromStdString(title));
+  box.setText(QString::fromStdString(text));
+  switch (style & 0x70) {
+    case kMsgCritical: box.setIcon(QMessageBox::Critical); break;
+    case kMsgQuestion: box.setIcon(QMessageBox::Question); break;
+    case kMsgExclamation: box.setIcon(QMessageBox::Warning); break;
+    case kMsgInformation: box.setIcon(QMessageBox::Information); break;
+    default: break;
+  }
+  if ((style & 0x7) == kMsgYesNo) {
+    box.setStandardButtons(QMessageBox::Yes | QMessageBox::No);
+    return box.exec() == QMessageBox::Yes ? kAnswerYes : kAnswerNo;
+  }
+  box.setStandardButtons(QMessageBox::Ok);
+  box.exec();
+  return kAnswerOk;
+}
+
+float QtWindowSystem::screenWidth() const {
+  QScreen* s = QGuiApplication::primaryScreen();
+  return s ? float(s->geometry().width()) : 1366.0f;
+}
+
+float QtWindowSystem::screenHeight() const {
+  QScreen* s = QGuiApplication::primaryScreen();
+  return s ? float(s->geometry().height()) : 768.0f;
+}
+
+std::vector<std::string> QtWindowSystem::fontFamilies() const {
+  std::vector<std::string> families;
+  for (const QString& f : QFontDatabase::families()) families.push_back(f.toStdString());
+  if (!notationFamily_.empty()) families.push_back(kNotationFontName);
+  return families;
+}
+
+// Makes the font file available for this run. A font that can write
+// Devanagari becomes the notation font.
+int QtWindowSystem::addFontResource(const std::string& path) {
+  int id = QFontDatabase::addApplicationFont(QString::fromStdString(path));
+  if (id < 0) return 0;
+  QStringList families = QFontDatabase::applicationFontFamilies(id);
+  for (const QString& family : families) {
+    if (QFontDatabase::writingSystems(family).contains(QFontDatabase::Devanagari)) {
+      notationFamily_ = family.toStdString();
+      break;
+    }
+  }
+  return static_cast<int>(families.size());
+}
+
+void QtWindowSystem::processEvents() { QCoreApplication::processEvents(); }
+
+void QtWindowSystem::endProcess(int code) { std::_Exit(code); }
+
+void QtWindowSystem::setDevanagariConverters(DevanagariConverters converters) {
+  devanagari_ = std::move(converters);
+}
+
+void QtWindowSystem::setAudioDeviceFactory(AudioDeviceFactory factory) {
+  audioFactory_ = std::move(factory);
+}
+
+void QtWindowSystem::setMessageBoxResponder(MessageBoxResponder responder) {
+  responder_ = std::move(responder);
+}
+
+std::unique_ptr<AudioDevice> QtWindowSystem::createAudioDevice() const {
+  return audioFactory_ ? audioFactory_() : nullptr;
+}
+
+}  // namespace platform

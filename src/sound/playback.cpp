@@ -1,0 +1,76 @@
+// Playing wave files on cMM (see playback.h). Open and Close block; Play
+// returns at once and the device's done notification, whose handler calls
+// sPlayMusicFile again, closes the file.
+#include "sound/playback.h"
+
+#include "control/errors.h"
+#include "control/screen_manager.h"
+#include "control/screen_table.h"
+#include "control/session.h"
+#include "platform/audio.h"
+#include "platform/screen.h"
+
+std::int16_t gFileOpened = 0;
+std::int16_t gNotifyCode = 0;
+bool gLooping = false;
+
+namespace {
+
+platform::AudioDevice& mediaControl() { return gCurrForm->control("cMM").device(); }
+
+void openAndPlay(platform::AudioDevice& mm, const std::string& file) {
+  mm.notify = false;
+  mm.wait = true;
+  mm.shareable = false;
+  mm.deviceType = "WaveAudio";
+  mm.fileName = file;
+  mm.command("Open");
+  mm.notify = true;
+  mm.wait = false;
+  mm.from = 0;
+  mm.to = mm.length();
+  ++gFileOpened;
+  mm.command("Play");
+}
+
+void closeFile(platform::AudioDevice& mm) {
+  mm.notify = false;
+  mm.wait = true;
+  mm.fileName = "";
+  mm.command("Close");
+}
+
+}  // namespace
+
+void sPlayMusicFile(const std::string& file) {
+  NV_PROC("sPlayMusicFile");
+  platform::AudioDevice& mm = mediaControl();
+  if (gFileOpened == 0) {
+    openAndPlay(mm, file);
+    return;
+  }
+  closeFile(mm);
+  sDoCallback();
+}
+
+void sPlayMusicFile1(const std::string& file) {
+  NV_PROC("sPlayMusicFile1");
+  platform::AudioDevice& mm = mediaControl();
+  if (gFileOpened == 0) {
+    openAndPlay(mm, file);
+  } else if (gLooping) {
+    mm.notify = true;
+    mm.wait = false;
+    mm.command("Seek to start");
+    mm.from = 0;
+    mm.to = mm.length();
+    mm.command("Play");
+  } else {
+    closeFile(mm);
+  }
+}
+
+void sDoCallback() {
+  NV_PROC("sDoCallback");
+  if (gCallbackContext == 3) sCallController(kFormPlayComposition1, 19);
+}

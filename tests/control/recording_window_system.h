@@ -1,0 +1,40 @@
+// A window system for tests of logic that shows message boxes or ends the
+// process but needs no screens: it records the boxes and turns the end of
+// the process into an exception the test can catch.
+#pragma once
+
+#include <stdexcept>
+#include <string>
+#include <vector>
+
+#include "platform/screen.h"
+
+struct ProcessEnded : std::runtime_error {
+  explicit ProcessEnded(int exitCode) : std::runtime_error("process ended"), code(exitCode) {}
+  int code;
+};
+
+struct ShownMessage {
+  std::string text;
+  int style;
+  std::string title;
+};
+
+class RecordingWindowSystem : public platform::WindowSystem {
+ public:
+  std::vector<ShownMessage> messages;
+
+  platform::Screen& screen(const std::string& name) override {
+    throw platform::ProgramError("no screens in this test: " + name);
+  }
+  int messageBox(const std::string& text, int style, const std::string& title) override {
+    messages.push_back({text, style, title});
+    return platform::kAnswerOk;
+  }
+  float screenWidth() const override { return 1366; }
+  float screenHeight() const override { return 768; }
+  std::vector<std::string> fontFamilies() const override { return {}; }
+  int addFontResource(const std::string&) override { return 0; }
+  void processEvents() override {}
+  [[noreturn]] void endProcess(int code) override { throw ProcessEnded(code); }
+};

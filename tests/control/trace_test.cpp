@@ -1,0 +1,191 @@
+// Trace file, forgiven and fatal errors, and the reports they leave.
+#include <gtest/gtest.h>
+
+#include <filesystem>
+#include <fstream>
+#include <sstream>
+
+#include "control/error_state.h"
+#include "control/errors.h"
+#include "control/session.h"
+#include "control/trace.h"
+#include "platform/store.h"
+#include "recording_window_system.h"
+
+namespace fs = std::filesystem;
+
+namespace {
+
+std::string readFile(const fs::path& p) {
+  std::ifstream in(p);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+std::vector<std::string> lines(const std::string& text) {
+  std::vector<std::string> out;
+  std::istringstream in(text);
+  for (std::string line; std::getline(in, line);) out.push_back(line);
+  return out;
+}
+
+class TraceTest : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    dir_ = fs::temp_directory_path() / ("nadavik-trace-" + std::to_string(::getpid()) + "-" +
+                                        ::testing::UnitTest::GetInstance()->current_test_info()->name());
+    fs::remove_all(dir_);
+    fs::create_directories(dir_);
+    gDataPath = dir_.string();
+    gErrTraceFile = (dir_ / "errtrace.txt").string();
+    gTraceEnabled = -1;
+    gTraceOn = -1;
+    gTraceLevel = 0;
+    gTraceIndent.clear();
+    gIgnorableCount = 0;
+    gErrorTrapCount = 0;
+    gCurrFormId = 1;
+    gCurrForm = nullptr;
+    gCurrMusicFile.clear();
+    platform::setWindowSystem(&windows_);
+  }
+  void TearDown() override { fs::remove_all(dir_); }
+
+  std::string trace() const { return readFile(dir_ / "errtrace.txt"); }
+
+  fs::path dir_;
+  RecordingWindowSystem windows_;
+};
+
+void nested() {
+  NV_PROC("sInner");
+}
+
+void outer() {
+  NV_PROC("fOuter");
+  nested();
+}
+
+TEST_F(TraceTest, NestedProceduresWriteIndentedEntryAndExitLines) {
+  outer();
+  EXPECT_EQ(lines(trace()), (std::vector<std::string>{
+                                "    Entering fOuter(1)",
+                                "        Entering sInner(2)",
+                                "        Exiting(2)",
+                                "    Exiting(1)",
+                            }));
+  EXPECT_EQ(gTraceLevel, 0);
+  EXPECT_EQ(gCurrProcName, "sInner");  // set on entry, never restored
+}
+
+TEST_F(TraceTest, NothingIsWrittenUnlessTracingIsOfferedAndOn) {
+  for (auto [enabled, on] : {std::pair{0, -1}, std::pair{-1, 0}, std::pair{0, 0}}) {
+    gTraceEnabled = static_cast<std::int16_t>(enabled);
+    gTraceOn = static_cast<std::int16_t>(on);
+    outer();
+  }
+  EXPECT_FALSE(fs::exists(dir_ / "errtrace.txt"));
+}
+
+TEST_F(TraceTest, ExitWithEmptyIndentLeavesTheLevelAlone) {
+  gTraceLevel = 3;
+  sTrace(2);
+  EXPECT_EQ(gTraceLevel, 3);
+  EXPECT_EQ(trace(), "Exiting(3)\n");
+  sTrace(7);  // any other mode writes nothing
+  EXPECT_EQ(trace(), "Exiting(3)\n");
+}
+
+TEST_F(TraceTest, TraceFileOverTheLimitStopsTheProcessAtTheNextCall) {
+  {
+    std::ofstream out(gErrTraceFile);
+    out << std::string(2000000, 'x');
+  }
+  EXPECT_NO_THROW(sTrace(1));  // exactly 2000000 bytes is still allowed
+  std::ofstream(gErrTraceFile, std::ios::app) << "x";
+  EXPECT_THROW(sTrace(1), ProcessEnded);
+  ASSERT_FALSE(windows_.messages.empty());
+  EXPECT_EQ(windows_.messages.back().title, "Message");
+  EXPECT_EQ(windows_.messages.back().text.rfind("Nadavik seems to be caught in a loop.", 0), 0u);
+}
+
+TEST_F(TraceTest, ForgivenErrorsAreLoggedAndExecutionGoesOn) {
+  gTraceOn = 0;
+  for (long number : {kErrOverflow, kErrDivisionByZero, kErrQueryExpression}) {
+    gCurrProcName = "fSomething";
+    EXPECT_NO_THROW(sRaiseError(number, "forgiven " + std::to_string(number)));
+  }
+  EXPECT_EQ(gIgnorableCount, 3);
+  EXPECT_TRUE(windows_.messages.empty());
+  auto log = lines(readFile(dir_ / "ignoerr.txt"));
+  ASSERT_EQ(log.size(), 3u * 8u);
+  EXPECT_EQ(log[0], "");
+  EXPECT_EQ(log[1], "Ignorable Error No. 1");
+  EXPECT_EQ(log[3], "Called form 'sFillErrorParam'");
+  EXPECT_EQ(log[4], "forgiven 6");
+  EXPECT_EQ(log[5], "6");
+  EXPECT_EQ(log[17], "Ignorable Error No. 3");
+}
+
+TEST_F(TraceTest, FatalErrorsThrowToTheEventBoundary) {
+  EXPECT_THROW(sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range"), ErrorTrap);
+  EXPECT_FALSE(fs::exists(dir_ / "ignoerr.txt"));
+}
+
+TEST_F(TraceTest, AFatalFaultInAHandlerIsReportedAndTheProgramHalts) {
+  gTraceOn = 0;
+  sRunTrapped([] { sRaiseError(kErrTypeMismatch, "Type mismatch", "Nadavik"); });
+  ASSERT_EQ(windows_.messages.size(), 1u);
+  EXPECT_EQ(windows_.messages[0].text,
+            "A program error has occured in procedure 'sFillErrorParam'. Program execution will "
+            "be halted, and error trace will be appended to file 'errtrace.txt'. Please e-mail "
+            "that file to support@nadavik.org and try running Nadavik again.");
+  EXPECT_EQ(gErrorTrapCount, 1);
+  auto report = lines(trace());
+  ASSERT_EQ(report.size(), 7u);
+  EXPECT_EQ(report[0], "");
+  EXPECT_EQ(report[2], "Called form 'sFillErrorParam'");
+  EXPECT_EQ(report[3], "Type mismatch");
+  EXPECT_EQ(report[4], "13");
+  EXPECT_EQ(report[5], "Nadavik");
+}
+
+TEST_F(TraceTest, TheSeventhTrapInOneRunStopsAtOnce) {
+  gTraceOn = 0;
+  for (int i = 0; i < 6; ++i) sRunTrapped([] { throw std::runtime_error("again"); });
+  EXPECT_EQ(gErrorTrapCount, 6);
+  EXPECT_THROW(sRunTrapped([] { throw std::runtime_error("again"); }), ProcessEnded);
+  auto report = lines(trace());
+  EXPECT_EQ(report.back(), "Error trap loop encountered. Stopping program.");
+}
+
+TEST_F(TraceTest, EngineComponentFailureHasItsOwnMessageAndHalts) {
+  gTraceOn = 0;
+  sRunTrapped([] { throw platform::StoreError(3633, "component missing"); });
+  ASSERT_EQ(windows_.messages.size(), 1u);
+  EXPECT_EQ(windows_.messages[0].text.rfind("you have encountered a program error that requires "
+                                            "you to carry out another preparatory step.",
+                                            0),
+            0u);
+  EXPECT_EQ(gErrorTrapCount, 0);
+}
+
+TEST_F(TraceTest, ForgivenStoreFaultAtTheBoundaryIsOnlyLogged) {
+  gTraceOn = 0;
+  sRunTrapped([] { throw platform::StoreError(3075, "bad expression"); });
+  EXPECT_TRUE(windows_.messages.empty());
+  EXPECT_EQ(gIgnorableCount, 1);
+}
+
+TEST(DateTimeLine, TimeStartsOnAPrintZone) {
+  // "Monday, November 23, 2026" then blanks up to column 28, then the time.
+  std::string line = fDateTimeLine();
+  auto dateEnd = line.find(' ', line.rfind(", ") + 2);
+  auto timeStart = line.find_first_not_of(' ', dateEnd);
+  ASSERT_NE(timeStart, std::string::npos);
+  EXPECT_EQ(timeStart % 14, 0u) << line;
+  EXPECT_NE(line.find(':', timeStart), std::string::npos) << line;
+}
+
+}  // namespace

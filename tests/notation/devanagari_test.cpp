@@ -1,0 +1,103 @@
+// Tests of key-map notation to Unicode Devanagari and back.
+#include "notation/devanagari.h"
+
+#include <gtest/gtest.h>
+
+#include "notation/phrase_forms.h"
+#include "notation/vocabulary.h"
+
+namespace {
+
+class Devanagari : public ::testing::Test {
+ protected:
+  void SetUp() override { sInitScales(); }
+};
+
+TEST_F(Devanagari, SyllablesAndMarks) {
+  struct Row {
+    const char* keymap;
+    const char* unicode;
+  };
+  const Row rows[] = {
+      {"saa", "सा"},
+      {"ro\\", "रे\u0952"},           // komal: line below
+      {"ma\\", "म\u0951"},            // tivra: stroke above
+      {"saa,", "स\u093Cा"},           // lower: dot below the consonant
+      {"ina\\,", "न\u093Cि\u0952"},
+      {"saaM", "सां"},                // upper: anusvara
+      {"ro\\M", "रें\u0952"},
+      {"ma\\M", "मं\u0951"},
+      {"p", "प"},
+      {"Qa", "ध"},
+      {"ina", "नि"},
+  };
+  for (const Row& r : rows) {
+    EXPECT_EQ(fKeymapToUnicode(r.keymap), r.unicode) << r.keymap;
+    EXPECT_EQ(fUnicodeToKeymap(r.unicode), r.keymap) << r.keymap;
+  }
+}
+
+TEST_F(Devanagari, WholeVocabularyRoundTrips) {
+  for (std::size_t id = 0; id < kNoteCount; ++id) {
+    const std::string& keymap = gNoteDev[id];
+    const std::string unicode = fKeymapToUnicode(keymap);
+    EXPECT_NE(unicode, keymap) << keymap;
+    EXPECT_EQ(fUnicodeToKeymap(unicode), keymap) << keymap;
+    for (std::size_t other = 0; other < id; ++other)
+      EXPECT_NE(fKeymapToUnicode(gNoteDev[other]), unicode) << keymap;
+  }
+}
+
+TEST_F(Devanagari, SeparatorsAndOtherTextSurvive) {
+  const char* texts[] = {
+      "saa'ro   ga : ma\\",  // grace pair, colon, blanks
+      "saa , ro",             // comma section break
+      "saa,,ro",              // lower Sa, then a comma
+      ",saa",
+      "   .1.saa   ro",        // beat mark of a composition line
+      "saa\\ sa Playing x",   // no notes: unchanged
+      "",
+  };
+  for (const char* text : texts) EXPECT_EQ(fUnicodeToKeymap(fKeymapToUnicode(text)), text) << text;
+  EXPECT_EQ(fKeymapToUnicode("saa\\ Qaa"), "saa\\ Qaa");
+  EXPECT_EQ(fKeymapToUnicode("   .1.saa"), "   .1.सा");
+}
+
+TEST_F(Devanagari, DisplayedPhrasesRoundTrip) {
+  const std::string shown = fPrepareNotationDisplayString(
+      fPrepareNotationDevnagariString("S< r'R , g G : m M> P'd> D n N S>"));
+  EXPECT_EQ(fUnicodeToKeymap(fKeymapToUnicode(shown)), shown);
+}
+
+TEST_F(Devanagari, TypedDevanagariBecomesKeymap) {
+  struct Row {
+    const char* typed;
+    const char* keymap;
+  };
+  const Row rows[] = {
+      {"स रि ग म प ध नी", "saa ro ga ma p Qa ina"},
+      {"सा'रे : गा,मा", "saa'ro : ga,ma"},
+      {"सा\u0323 नि\u0331 रे\u0307", "saa, ina\\ roM"},     // other dots and lines
+      {"ऱे\u0952 सा\u1CDD सँ", "ro\\, saa, saaM"},        // precomposed ra, vedic dot, candrabindu
+      {"saa ro\\", "saa ro\\"},                           // key-map letters pass
+  };
+  for (const Row& r : rows) EXPECT_EQ(fUnicodeToKeymap(r.typed), r.keymap) << r.typed;
+}
+
+TEST_F(Devanagari, MarksThatMakeNoNotePassThrough) {
+  const char* texts[] = {
+      "सा\u0952",        // komal Sa
+      "रे\u0951",        // tivra Re
+      "स\u093Cां",       // lower and upper
+      "न",               // Ni needs its vowel
+      "रो",              // no such vowel on Re
+      "स्व",             // a conjunct is no note
+      "सा\u0952\u0952",  // a mark twice
+      "कल",              // no note letters
+  };
+  for (const char* text : texts) EXPECT_EQ(fUnicodeToKeymap(text), text) << text;
+  EXPECT_EQ(fUnicodeToKeymap("\xE0\xA4"), "\xE0\xA4");  // cut-off UTF-8 passes byte by byte
+  EXPECT_EQ(fUnicodeToKeymap("\xFF" "सा"), "\xFF" "saa");
+}
+
+}  // namespace

@@ -1,0 +1,106 @@
+// Tests of durations: sums and their rounding, matras to duration words,
+// timing scripts, the tempo factor and composition matra counts.
+#include "notation/durations.h"
+
+#include <gtest/gtest.h>
+
+#include "control/errors.h"
+#include "control/session.h"
+#include "notation/composition_matras.h"
+#include "support/fake_screen.h"
+#include "support/notation_stubs.h"
+
+namespace {
+
+TEST(Durations, SumsRoundStepwiseOrOnce) {
+  struct Row {
+    const char* phrase;
+    int stepwise;  // fGetDurationValue
+    int once;      // fGetBeatCountForPhrase
+  };
+  const Row rows[] = {
+      {"1 1 0.5", 2, 2},          // 2.5 goes to the even 2 both ways
+      {"0.5 0.5 0.5 0.5", 0, 2},  // stepwise each 0.5 rounds back to 0
+      {"1.5 1.5", 4, 3},          // 1.5 -> 2, 3.5 -> 4; once: 3.0
+      {"", 0, 0},
+      {"15 15 , 15", 45, 45},     // a comma word counts 0
+  };
+  for (const Row& r : rows) {
+    EXPECT_EQ(fGetDurationValue(r.phrase), r.stepwise) << r.phrase;
+    EXPECT_EQ(fGetBeatCountForPhrase(r.phrase), r.once) << r.phrase;
+  }
+}
+
+TEST(Durations, MatraToDurationRoundsExactHalvesDown) {
+  EXPECT_EQ(fConvertMatraToDuration("1 0.5", 70), "70 35");
+  EXPECT_EQ(fConvertMatraToDuration("0.5", 25), "12");
+  EXPECT_EQ(fConvertMatraToDuration("0.52", 25), "13");
+  EXPECT_EQ(fConvertMatraToDuration("1.5", 25), "37");  // 37.5
+  EXPECT_EQ(fConvertMatraToDuration("0.25  2", 70), "17 140");  // 17.5 exactly
+  EXPECT_EQ(fConvertMatraToDuration("", 70), "");
+  forgivenErrors().clear();
+  EXPECT_EQ(fConvertMatraToDuration("1000", 70), "0");
+  EXPECT_EQ(forgivenErrors().size(), 1u);
+}
+
+TEST(Durations, DurationPhrasePerSection) {
+  gBaseMatraMs = 70;
+  EXPECT_EQ(fCreateDurationPhrase("S R , G m", 6), "15 15 , 15 15 ");
+  EXPECT_EQ(fCreateDurationPhrase("S R : G", 10), "70 70 70 ");
+  EXPECT_EQ(fCreateDurationPhrase("S :G", 3), "0 0 ");
+  EXPECT_EQ(fCreateDurationPhrase("", 6), "");
+}
+
+TEST(Durations, TimingScriptTrimsTheCallersPhrase) {
+  std::string phrase = "  S R G ";
+  EXPECT_EQ(fGetTimingScript(phrase), "15 15 15");
+  EXPECT_EQ(phrase, "S R G");
+  std::string blank = "   ";
+  EXPECT_EQ(fGetTimingScript(blank), "");
+  EXPECT_EQ(blank, "");
+}
+
+TEST(Durations, FactorHalvesToEvenAndLeavesOneUntouched) {
+  EXPECT_EQ(fFactorTimingScriptBy("15 15 , 15", 0.5), "8 8 , 8");
+  EXPECT_EQ(fFactorTimingScriptBy("25 , 5 ", 0.5), "12 , 2");  // 12.5 and 2.5 to even
+  EXPECT_EQ(fFactorTimingScriptBy("15 15 , 15 ", 1.0), "15 15 , 15 ");
+  EXPECT_EQ(fFactorTimingScriptBy("15 15 ", 0), "0 0");
+  EXPECT_EQ(fFactorTimingScriptBy("15", 2.0), "30");
+}
+
+TEST(Durations, FactorComesFromTheSlider) {
+  FakeScreen screen;
+  gCurrForm = &screen;
+  screen.control("cSlider").setValue(13);
+  EXPECT_EQ(fFactorTimingScript("15 15 , 15"), "8 8 , 8");
+  screen.control("cSlider").setValue(9);
+  EXPECT_EQ(fFactorTimingScript("15 15 , 15 "), "15 15 , 15 ");
+  screen.control("cSlider").setValue(1);
+  EXPECT_EQ(fFactorTimingScript("15"), "75");
+  screen.control("cSlider").setValue(19);
+  EXPECT_THROW(fFactorTimingScript("15"), ErrorTrap);
+  gCurrForm = nullptr;
+}
+
+TEST(Durations, SpeedTableAsEntered) {
+  EXPECT_EQ(gSpeedFactors[9], 1.0);
+  EXPECT_EQ(gSpeedFactors[0], 0.0);
+  EXPECT_EQ(gSpeedFactors[18], 0.0);
+  EXPECT_EQ(gSpeedFactors[2], 3.33);
+  EXPECT_EQ(gSpeedFactors[17], 0.33);
+}
+
+TEST(Durations, CompositionMatraCounts) {
+  // Part 1: 8 matras from beat 3; part 2: 6.5 matras from beat 5.
+  const auto count = fCountCompositionMatras(CompositionPartMatras{"2 2 2 2", 3},
+                                             CompositionPartMatras{"2 2 2 0.5", 5});
+  EXPECT_EQ(count.asthaiMatras, 8);    // without its starting beat
+  EXPECT_EQ(count.antaraMatras, 10);   // 10.5 with its starting beat, to even
+  EXPECT_EQ(count.gridMatras, 10);     // integer part of 10.5
+  const auto alone = fCountCompositionMatras(CompositionPartMatras{"4 4 4 4", 1}, std::nullopt);
+  EXPECT_EQ(alone.asthaiMatras, 16);
+  EXPECT_EQ(alone.antaraMatras, 0);
+  EXPECT_EQ(alone.gridMatras, 16);
+}
+
+}  // namespace

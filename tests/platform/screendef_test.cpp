@@ -1,0 +1,100 @@
+// Screen definition parser: what a definition yields and what it refuses.
+#include "platform/screendef.h"
+
+#include <gtest/gtest.h>
+
+namespace platform {
+namespace {
+
+const char* kSample = R"(# A small screen
+screen Quiz id=20 caption="Take a \"Quiz\"" help="Guess the raga."
+menu cMnuFil caption="&File"
+menu cMnuOne caption="One" parent=cMnuFil
+separator parent=cMnuFil
+menu cMnuTwo caption="Two" parent=cMnuFil checked=1
+label cL:0 caption="S" at=0.1,0.2 size=0.03,0.1 backcolor=0xFFFFFF font=Shusha,14
+button cReturn caption="&Return" at=0.8,0.9 size=0.1,0.05 help="Back to the main window."
+line Line1 at=0.1,0.5 size=0.9,0.5
+timer cTimer interval=6500
+option Option1 caption="Demo" in=Frame1 at=0,0 size=0.1,0.1 enabled=0
+)";
+
+TEST(ScreenDefinition, ReadsScreenAndControlsInFileOrder) {
+  ScreenParseError error;
+  auto def = parseScreenDefinition(kSample, &error);
+  ASSERT_TRUE(def) << error.line << ": " << error.message;
+  EXPECT_EQ(def->name, "Quiz");
+  EXPECT_EQ(def->formId, 20);
+  EXPECT_EQ(def->caption, "Take a \"Quiz\"");
+  ASSERT_EQ(def->controls.size(), 8u);
+
+  const auto& reed = def->controls[3];
+  EXPECT_EQ(reed.kind, ControlKind::Label);
+  EXPECT_EQ(reed.name, "cL");
+  EXPECT_EQ(reed.index, 0);
+  EXPECT_DOUBLE_EQ(reed.x, 0.1);
+  EXPECT_DOUBLE_EQ(reed.h, 0.1);
+  EXPECT_EQ(reed.backColor, 0xFFFFFF);
+  EXPECT_EQ(reed.fontFamily, "Shusha");
+  EXPECT_FLOAT_EQ(reed.fontPoints, 14);
+
+  EXPECT_EQ(def->controls[1].parentMenu, "cMnuFil");
+  EXPECT_EQ(def->controls[2].separatorsBefore, 1);
+  EXPECT_TRUE(def->controls[2].checked);
+  EXPECT_EQ(def->controls[4].help, "Back to the main window.");
+  EXPECT_EQ(def->controls[6].interval, 6500);
+  EXPECT_FALSE(def->controls[7].enabled);
+  EXPECT_EQ(def->controls[7].frame, "Frame1");
+}
+
+TEST(ScreenDefinition, LineKeepsItsSecondEndPointInTheSizeFields) {
+  auto def = parseScreenDefinition(kSample);
+  ASSERT_TRUE(def);
+  const auto& line = def->controls[5];
+  EXPECT_EQ(line.kind, ControlKind::Line);
+  EXPECT_DOUBLE_EQ(line.w, 0.9);
+  EXPECT_DOUBLE_EQ(line.h, 0.5);
+}
+
+TEST(ScreenDefinition, RefusesMalformedFilesWithTheLineNumber) {
+  struct Case {
+    const char* text;
+    int line;
+    const char* fragment;
+  };
+  const Case cases[] = {
+      {"label cX\n", 1, "screen line"},
+      {"screen A id=1\nwidget cX\n", 2, "unknown control kind"},
+      {"screen A id=1\nlabel cX at=0.1\n", 2, "bad value"},
+      {"screen A id=1\nlabel cX colour=1\n", 2, "unknown key"},
+      {"screen A id=1\nlabel cX caption=\"open\n", 2, "unterminated"},
+      {"screen A id=1\nlabel cX\nlabel cX\n", 3, "duplicate"},
+      {"screen A id=x\n", 1, "bad form id"},
+      {"screen A id=1\nlabel cX:-1\n", 2, "needs a name"},
+      {"# nothing\n", 1, "no screen line"},
+  };
+  for (const auto& c : cases) {
+    ScreenParseError error;
+    EXPECT_FALSE(parseScreenDefinition(c.text, &error)) << c.text;
+    EXPECT_EQ(error.line, c.line) << c.text;
+    EXPECT_NE(error.message.find(c.fragment), std::string::npos) << c.text << " -> " << error.message;
+  }
+}
+
+TEST(ScreenDefinition, ArrayElementsOfOneNameAreDistinctControls) {
+  auto def = parseScreenDefinition("screen A id=1\nlabel cL:0\nlabel cL:1\nlabel cL\n");
+  ASSERT_TRUE(def);
+  EXPECT_EQ(def->controls.size(), 3u);
+}
+
+TEST(ScreenDefinition, OnlyPlacedKindsHaveGeometry) {
+  EXPECT_FALSE(hasGeometry(ControlKind::Menu));
+  EXPECT_FALSE(hasGeometry(ControlKind::Timer));
+  EXPECT_FALSE(hasGeometry(ControlKind::MediaControl));
+  EXPECT_FALSE(hasGeometry(ControlKind::SysInfo));
+  EXPECT_TRUE(hasGeometry(ControlKind::Line));
+  EXPECT_TRUE(hasGeometry(ControlKind::Grid));
+}
+
+}  // namespace
+}  // namespace platform

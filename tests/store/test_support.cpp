@@ -1,0 +1,34 @@
+// Stand-ins for the program's control layer in the store tests: the error
+// trap (fatal numbers throw ErrorTrap, forgiven ones are counted and
+// return), a silent ProcScope, and the session state the store reads.
+#include "tests/store/test_support.h"
+
+#include <memory>
+
+#include "control/errors.h"
+#include "control/session.h"
+#include "platform/store.h"
+
+std::unique_ptr<platform::Database> gDbA;
+std::unique_ptr<platform::Database> gDbB;
+std::int16_t gCurrDbSelector = 0;
+std::int16_t gSortingMode = 0;
+std::int16_t gCurrRagaId = 0;
+std::int16_t gCurrFormId = 0;
+std::int16_t gFirstReed = 0;
+std::int16_t gLastReed = 0;
+
+long gTestForgivenCount = 0;
+long gTestLastForgiven = 0;
+
+void sRaiseError(long number, const std::string& description, const std::string& source) {
+  if (number == kErrOverflow || number == kErrDivisionByZero || number == kErrQueryExpression) {
+    ++gTestForgivenCount;
+    gTestLastForgiven = number;
+    return;
+  }
+  throw ErrorTrap(number, description, source);
+}
+
+ProcScope::ProcScope(const char*) : uncaught_(0) {}
+ProcScope::~ProcScope() = default;

@@ -1,0 +1,50 @@
+// What the library keeps between calls: the declared note sets with their
+// seeds, the current instrument, the rendered drone cycle and the loaded tabla
+// kit. One instance for the process, reached through libraryState().
+#pragma once
+
+#include <array>
+#include <optional>
+#include <string>
+#include <vector>
+
+#include "note_seed.h"
+#include "tabla_kit.h"
+#include "tonvex/tonvex.h"
+
+namespace tonvex {
+
+struct NoteSet {
+  char name = 0;
+  std::array<std::optional<NoteSeed>, kMaxNoteId + 1> notes;
+};
+
+struct DroneSound {
+  std::vector<float> cycle;  // one 3200 ms cycle, seamless when repeated
+  double factor = 1.0;       // loudness factor given by the caller
+};
+
+struct LoadedKit {
+  TablaKit kit;
+  int32_t instrument = 0;
+  double dayanHz = 0.0;                      // tuning the strokes were rendered at
+  std::vector<std::vector<float>> strokes;  // one rendered buffer per kit voice
+};
+
+struct LibraryState {
+  std::vector<NoteSet> sets;
+  char currInstr = 0;
+  std::optional<DroneSound> drone;
+  double droneSaHz = 0.0;  // the Sa the drone was built on; 0 before any
+  std::optional<LoadedKit> theka;
+};
+
+LibraryState& libraryState();
+
+// The declared set of that one-letter name, or nullptr.
+NoteSet* findNoteSet(const std::string& name);
+
+// A loaded seed of a set, or nullptr when the set or note is absent.
+const NoteSeed* findSeed(const NoteSet& set, int32_t noteId);
+
+}  // namespace tonvex

@@ -1,0 +1,48 @@
+// The two generate-music operations: a phrase with optional drone, and the
+// same mixed with a tabla theka. They read libraryState() only.
+#include "library_state.h"
+#include "melody.h"
+#include "theka_mix.h"
+#include "tokens.h"
+#include "tonvex/tonvex.h"
+
+using namespace tonvex;
+
+namespace {
+
+constexpr float kThekaGain = 0.5f;
+constexpr int32_t kMaxBeatMs = 10000, kMaxBeats = 64;
+
+}  // namespace
+
+int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
+                              const std::string& durations, const std::string& outFile,
+                              int32_t droneMix, double level, int32_t synthVolume,
+                              int32_t peakPermille, int32_t attackMs, int32_t sustainPct,
+                              int32_t releaseMs) {
+  const MusicRequest request{noteCount, notes,       durations,    droneMix,  level,
+                             synthVolume, peakPermille, attackMs, sustainPct, releaseMs};
+  const auto mix = renderMelodyAndDrone(libraryState(), request);
+  return mix && writeMix(outFile, *mix) ? 1 : 0;
+}
+
+int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
+                               const std::string& durations, int32_t startBeat,
+                               int32_t beatCount, const std::string& theka,
+                               int32_t thekaInstrument, int32_t beatMs,
+                               const std::string& outFile, int32_t droneMix, double level,
+                               int32_t synthVolume, int32_t peakPermille, int32_t attackMs,
+                               int32_t sustainPct, int32_t releaseMs) {
+  const LibraryState& state = libraryState();
+  if (!state.theka || thekaInstrument < 1 || beatMs < 1 || beatMs > kMaxBeatMs) return 0;
+  if (startBeat < 1 || beatCount < startBeat || beatCount > kMaxBeats) return 0;
+  const auto tokens = parseThekaTokens(theka);
+  if (!tokens || tokens->size() != size_t(noteCount)) return 0;
+  const MusicRequest request{noteCount, notes,       durations,    droneMix,  level,
+                             synthVolume, peakPermille, attackMs, sustainPct, releaseMs};
+  auto mix = renderMelodyAndDrone(state, request);
+  if (!mix) return 0;
+  const double beatSamples = double(beatMs) * kSampleRate / 1000.0;
+  addTheka(*state.theka, *tokens, mix->noteStarts, beatSamples, kThekaGain, mix->samples);
+  return writeMix(outFile, *mix) ? 1 : 0;
+}

@@ -1,0 +1,95 @@
+// Seed waveforms and just-intonation tables. The harmonium reed is built from
+// two unequal air pulses per period (so even harmonics are present), its
+// harmonics falling at 6 dB per octave to the 16th and at 18 dB per octave
+// above, band-limited to 20 kHz. The tanpura string has a bright, slowly
+// falling spectrum with fixed pseudo-random phases; its drone-time colour
+// comes from the library's jawari resynthesis. Stateless.
+#include "tonvex/seed_design.h"
+
+#include <algorithm>
+#include <cmath>
+#include <numbers>
+
+#include "tonvex/tonvex.h"
+
+namespace tonvex {
+namespace {
+
+constexpr double kC3Hz = 130.81278265029931;  // 440 * 2^(-21/12)
+constexpr double kTopHz = 20000.0;
+constexpr double kSeedPeak = 0.9 * 32767.0;
+
+// Amplitude and phase (radians) of harmonic k of a seed.
+struct Partial {
+  double amplitude, phase;
+};
+
+Partial harmoniumPartial(int k) {
+  const double slope = k <= 16 ? 1.0 / k : (1.0 / k) * std::pow(16.0 / k, 2.0);
+  // Second pulse: 0.6 of the first, 0.47 of a period later.
+  const double angle = -2.0 * std::numbers::pi * k * 0.47;
+  const double re = 1.0 + 0.6 * std::cos(angle), im = 0.6 * std::sin(angle);
+  return {slope * std::hypot(re, im), std::atan2(im, re)};
+}
+
+Partial tanpuraPartial(int k) {
+  const double amplitude = std::pow(double(k), -0.85) * (k % 2 == 0 ? 1.15 : 1.0);
+  const double phase = std::fmod(k * 2.399963, 2.0 * std::numbers::pi);  // golden angle
+  return {amplitude, phase};
+}
+
+}  // namespace
+
+double seedHz(int instrumentType, int noteId) {
+  const double hz = kC3Hz * std::exp2((noteId - 11) / 12.0);
+  return instrumentType == kInstrumentDrone ? hz / 2.0 : hz;
+}
+
+SeedSpec makeSeed(int instrumentType, int noteId) {
+  const double hz = seedHz(instrumentType, noteId);
+  const double period = kSampleRate / hz;
+  SeedSpec seed;
+  seed.samPerCyc = static_cast<int32_t>(period);
+  seed.fractional = period - seed.samPerCyc;
+  const int harmonics = static_cast<int>(kTopHz / hz);
+  std::vector<double> wave(static_cast<size_t>(seed.samPerCyc) + 1, 0.0);
+  for (int k = 1; k <= harmonics; ++k) {
+    const Partial p = instrumentType == kInstrumentDrone ? tanpuraPartial(k) : harmoniumPartial(k);
+    for (size_t j = 0; j < wave.size(); ++j)
+      wave[j] += p.amplitude * std::cos(2.0 * std::numbers::pi * k * double(j) / period + p.phase);
+  }
+  double peak = 0.0;
+  for (double v : wave) peak = std::max(peak, std::fabs(v));
+  for (double v : wave) seed.samples.push_back(static_cast<int16_t>(std::lround(v * kSeedPeak / peak)));
+  return seed;
+}
+
+double justRatio(int semitonesFromSa) {
+  static constexpr double kRatios[12] = {1.0,       16.0 / 15, 9.0 / 8,  6.0 / 5,
+                                         5.0 / 4,   4.0 / 3,   45.0 / 32, 3.0 / 2,
+                                         8.0 / 5,   5.0 / 3,   9.0 / 5,  15.0 / 8};
+  const int octave = (semitonesFromSa >= 0 ? semitonesFromSa : semitonesFromSa - 11) / 12;
+  return kRatios[semitonesFromSa - 12 * octave] * std::exp2(octave);
+}
+
+std::array<double, kOnprColumns> onprRatios(int instrumentType) {
+  std::array<double, kOnprColumns> ratios{};
+  for (int i = 0; i < kOnprColumns; ++i)
+    ratios[size_t(i)] = justRatio(i - 7) / (instrumentType == kInstrumentDrone ? 2.0 : 1.0);
+  return ratios;
+}
+
+std::array<double, kOnprColumns> onprCorrections(int tonicId, int instrumentType) {
+  const double saPeriod = kSampleRate / seedHz(kInstrumentMain, tonicId + 9);
+  const auto ratios = onprRatios(instrumentType);
+  std::array<double, kOnprColumns> corrections{};
+  for (int i = 0; i < kOnprColumns; ++i) {
+    const int noteId = tonicId + 2 + i;
+    if (noteId > kMaxNoteId) continue;
+    const double ownPeriod = kSampleRate / seedHz(instrumentType, noteId);
+    corrections[size_t(i)] = saPeriod / ratios[size_t(i)] - ownPeriod;
+  }
+  return corrections;
+}
+
+}  // namespace tonvex

@@ -1,0 +1,21 @@
+// Sets the library up for the renderer as the application does at start-up,
+// but from the generated seed design instead of the store: both sets loaded
+// and tuned to the built-in music set of a tonic, the drone prepared, and a
+// tabla kit loaded if one is named. Changes the library's state.
+#pragma once
+
+#include <string>
+
+namespace tonvex_render {
+
+struct SetupOptions {
+  int tonicId = 3;          // 1 to 12
+  int droneType = 1;        // 1 Pa, 2 Ma, 3 Ni
+  double droneFactor = 1.0;
+  std::string kitFile;      // empty: no theka
+};
+
+// Returns an error text, empty on success.
+std::string setUpLibrary(const SetupOptions& options);
+
+}  // namespace tonvex_render

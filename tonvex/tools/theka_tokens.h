@@ -1,0 +1,23 @@
+// Theka tokens for the renderer: which strokes of a tala's theka fall inside
+// each note of a phrase, in the token form FWavGenerateMusicFile1 reads.
+// Stateless.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace tonvex_render {
+
+// Theka Bol Ids of one cycle of a built-in tala ("teentaal", "ektaal",
+// "jhaptaal", "rupak", "keherwa", "dadra"), or nullopt.
+std::optional<std::vector<int>> builtInTheka(std::string_view talaName);
+
+// One token per note: "0" when no stroke starts within the note, otherwise
+// count/bol/.../offset, strokes falling every beatMs from the phrase's start
+// and the first on startBeat (1-based) of the cycle.
+std::vector<std::string> thekaTokens(const std::vector<double>& durationsMs, double beatMs,
+                                     const std::vector<int>& cycleBols, int startBeat);
+
+}  // namespace tonvex_render
