@@ -147,7 +147,10 @@ TEST(WholeLibrary, GroupsHoldThirtyTwentyAndTwentyRagas) {
         rows.push_back(row("RagaNameList", {{"Raga", "R" + std::to_string(id), 1},
                                             {"Raga Index", std::to_string(id + 1), 1},
                                             {"Level", std::to_string(level), 1}}));
-    return only(Fault::GroupCount, contentcheck::checkContent(rows, {true}));
+    auto sizes = only(Fault::GroupCount, contentcheck::checkContent(rows, {true}));
+    // keep the faults of the groups as a whole, not of single misplaced ragas
+    std::erase_if(sizes, [](const auto& p) { return p.line != 0; });
+    return sizes;
   };
   EXPECT_TRUE(ragas(30, 20, 20, 0).empty());
   EXPECT_EQ(ragas(31, 20, 20, 0).size(), 1u);

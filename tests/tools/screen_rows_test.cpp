@@ -39,7 +39,7 @@ TEST(ScreenRows, OneFormRowAndOneRowPerControlInFileOrder) {
   EXPECT_EQ(value(r.rows[2], "LocRatY"), "0");
   // a line keeps its two end points
   EXPECT_EQ(value(r.rows[3], "SizRatWidth"), "1");
-  EXPECT_EQ(value(r.rows[4], "LocRatX"), ".5");
+  EXPECT_EQ(value(r.rows[4], "LocRatX"), "0.5");
   EXPECT_EQ(value(r.rows[4], "Form Id"), "28");
 }
 

@@ -20,6 +20,9 @@ bool promptNeeded(int id) { return (id >= 1 && id <= 71) || (id >= 87 && id <= 9
 
 const std::map<int, int> kGroupSizes = {{1, 30}, {2, 20}, {3, 20}};
 
+// The group of a raga by its index: 1 to 30, 31 to 50, 51 to 70; 0 beyond.
+int groupOfIndex(int id) { return id < 1 ? 0 : id <= 30 ? 1 : id <= 50 ? 2 : id <= 70 ? 3 : 0; }
+
 int toInt(const std::string& s) { return std::atoi(s.c_str()); }
 
 // Rows of one table in source order, and the problems found so far.
@@ -116,6 +119,7 @@ void checkDuplicates(Context& c, const std::string& table, std::initializer_list
       k.push_back(value(*row, column));
       shown += (shown.empty() ? "" : ", ") + value(*row, column);
     }
+    if (shown == "0") continue;  // a Notation Index of 0 means "none yet"
     const auto [it, fresh] = seen.emplace(k, row);
     if (!fresh)
       c.report(Fault::DuplicateName, *row, *key.begin(),
@@ -134,6 +138,9 @@ void checkRagas(Context& c) {
   for (const Row* name : c.rowsOf("RagaNameList")) {
     const int id = toInt(value(*name, "Raga Index"));
     const std::string raga = value(*name, "Raga");
+    if (toInt(value(*name, "Level")) != groupOfIndex(id))
+      c.report(Fault::GroupCount, *name, "Level",
+               raga + ": Raga Index " + std::to_string(id) + " belongs to group " + std::to_string(groupOfIndex(id)));
     if (!techRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Technical Information] row");
     if (!notesRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no [Raga - Notes] row");
     if (!alapRows.count(id)) c.report(Fault::MissingRow, *name, "Raga", raga + " has no alap ([Raga - ALT Phrases] type 1)");

@@ -24,7 +24,7 @@ enum class Fault {
   NoteOutsideRaga,      // aroha, avroha or pakad uses a note not in Raga - Notes
   BadNoteIds,           // Raga - Notes or VadiNum/SamvadiNum malformed
   MissingRow,           // a raga without its technical, notes or alap row
-  GroupCount,           // the groups do not hold 30, 20 and 20 ragas
+  GroupCount,           // a raga outside its group, or groups not of 30, 20, 20
   FilmSongShipped,      // a film-song row in the library
 };
 

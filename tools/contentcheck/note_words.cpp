@@ -1,16 +1,19 @@
-// English note words: see note_words.h.
+// English note words: see note_words.h. The notes themselves come from
+// the program's note vocabulary, so the check and the program agree.
 #include "note_words.h"
 
-#include <array>
 #include <sstream>
+
+#include "notation/vocabulary.h"
 
 namespace contentcheck {
 namespace {
 
-const std::array<const char*, 36> kEnglishNotes = {
-    "S<", "r<", "R<", "g<", "G<", "m<", "M<", "P<", "d<", "D<", "n<", "N<",
-    "S",  "r",  "R",  "g",  "G",  "m",  "M",  "P",  "d",  "D",  "n",  "N",
-    "S>", "r>", "R>", "g>", "G>", "m>", "M>", "P>", "d>", "D>", "n>", "N>"};
+// The vocabulary tables, filled on first use.
+void ensureVocabulary() {
+  static const bool filled = (sInitScales(), true);
+  (void)filled;
+}
 
 // The word without one colon stuck to its start, or else to its end.
 std::string withoutStuckColon(const std::string& word) {
@@ -22,8 +25,9 @@ std::string withoutStuckColon(const std::string& word) {
 }  // namespace
 
 int noteId(const std::string& word) {
-  for (std::size_t id = 0; id < kEnglishNotes.size(); ++id)
-    if (word == kEnglishNotes[id]) return static_cast<int>(id);
+  ensureVocabulary();
+  for (int id = 0; id < kNoteCount; ++id)
+    if (word == gNoteEng[id]) return id;
   return -1;
 }
 

@@ -1,8 +1,8 @@
 // Rows of the layout tables taken from a screen definition file
 // (screens/<Name>.screen): one NVForms row for the screen and one
 // NVFormControls row per control, in file order, holding the control's
-// position and size as ratios of the window. Reads only what those rows
-// need; the widgets themselves are the screen backend's business.
+// position and size as ratios of the window. The file is read with the
+// screen backend's own parser; no state.
 #pragma once
 
 #include <string>
