@@ -8,8 +8,10 @@
 #include "control/screen_manager.h"
 #include "control/session.h"
 #include "control/startup.h"
+#include "notation/vocabulary.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "store/positioning.h"
 
 namespace {
 
@@ -29,15 +31,14 @@ std::int16_t asInt16(double v) { return static_cast<std::int16_t>(v); }
 
 std::string musicSetName(std::int16_t setId) {
   auto specs = gDbB->openRecordset("Scale Shift Specs", RecordsetType::Table);
-  specs->setIndex("PrimaryKey");
-  specs->seek("=", {Value(static_cast<int>(setId))});
+  sSetTablePKRecord(*specs, Value(static_cast<int>(setId)));
   std::string name = specs->noMatch() ? "" : specs->field("NPSetName").asText();
   specs->close();
   return name;
 }
 
 void readParameter(platform::Recordset& rs, const ParameterRule& rule) {
-  rs.seek("=", {Value(rule.name)});
+  sSetTablePKRecord(rs, Value(rule.name));
   if (rs.noMatch()) {
     sRaiseError(3021, std::string("No current record: parameter ") + rule.name);
     return;
@@ -82,9 +83,9 @@ std::string fNumberText(double value) {
 
 void sSetDefaultOptions() {
   NV_PROC("sSetDefaultOptions");
+  sInitScales();
   setPlainDefaults();
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
   auto constant = [](double v) { return [v] { return v; }; };
   const float screenW = platform::windowSystem().screenWidth();
   const float screenH = platform::windowSystem().screenHeight();
@@ -144,9 +145,8 @@ void sSaveUsageParameters() {
       {"DelayW", gDelayW},
   };
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
   for (const auto& [name, value] : values) {
-    rs->seek("=", {Value(name)});
+    sSetTablePKRecord(*rs, Value(name));
     if (rs->noMatch()) {
       sRaiseError(3021, std::string("No current record: parameter ") + name);
       continue;
@@ -161,8 +161,7 @@ void sSaveUsageParameters() {
 std::string fGetUserParameter(const std::string& name) {
   NV_PROC("fGetUserParameter");
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
-  rs->seek("=", {Value(name)});
+  sSetTablePKRecord(*rs, Value(name));
   std::string value = rs->noMatch() ? "" : rs->field("Parameter Value").asText();
   rs->close();
   return value;

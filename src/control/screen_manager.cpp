@@ -13,6 +13,7 @@
 #include "control/trace.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "store/positioning.h"
 
 namespace {
 
@@ -87,8 +88,7 @@ void applySavedGeometry(platform::Screen& s, float& w, float& h) {
 
 void layOutControls(platform::Screen& s, float w, float h) {
   auto forms = gDbA->openRecordset("NVForms", platform::RecordsetType::Table);
-  forms->setIndex("Form Name");
-  forms->seek("=", {s.name()});
+  sSetTableIndexRecord(*forms, "Form Name", platform::Value(s.name()));
   if (forms->noMatch()) {
     forms->close();
     sRaiseError(kErrProgram, "Screen '" + s.name() + "' has no layout in NVForms");
@@ -99,8 +99,7 @@ void layOutControls(platform::Screen& s, float w, float h) {
   forms->close();
 
   auto rows = gDbA->openRecordset("NVFormControls", platform::RecordsetType::Table);
-  rows->setIndex("PrimaryKey");
-  rows->seek("=", {formId, platform::Value(0)});
+  sSetTablePKRecord2(*rows, formId, platform::Value(0));
   for (long i = 0; i < count; ++i) {
     if (rows->noMatch() || rows->eof()) {
       rows->close();

@@ -25,7 +25,11 @@
 #include "control/user_store.h"
 #include "platform/screen.h"
 #include "platform/store.h"
+#include "sound/library_setup.h"
 #include "sound/playback.h"
+#include "store/lookups.h"
+#include "store/positioning.h"
+#include "store/queries.h"
 
 namespace fs = std::filesystem;
 
@@ -267,8 +271,7 @@ void sLoadNextTip() {
   auto rs = gDbA->openRecordset("NVTips", platform::RecordsetType::Table);
   ++gLastTip;
   if (gLastTip > gTipCount) gLastTip = 1;
-  rs->setIndex("PrimaryKey");
-  rs->seek("=", {platform::Value(static_cast<int>(gLastTip))});
+  sSetTablePKRecord(*rs, platform::Value(static_cast<int>(gLastTip)));
   if (!rs->noMatch()) mainWindow().control("cTip").setText(rs->field("Tip").asText());
   rs->close();
 }

@@ -39,7 +39,8 @@ constexpr char32_t kAnusvara = U'\u0902';
 constexpr char32_t kCandrabindu = U'\u0901';
 constexpr char32_t kUdatta = U'\u0951';    // tivra stroke above
 constexpr char32_t kAnudatta = U'\u0952';  // komal line below
-constexpr char32_t kRra = U'\u0931';       // र with nukta, precomposed
+constexpr char32_t kRra = U'\u0931';       // र with nukta, precomposed (NFC)
+constexpr char32_t kNnna = U'\u0929';      // न with nukta, precomposed (NFC)
 constexpr char32_t kDotAbove = U'\u0307';
 constexpr char32_t kDotBelow = U'\u0323';
 constexpr char32_t kMacronBelow = U'\u0331';
@@ -155,8 +156,15 @@ std::optional<char32_t> decodeUtf8(const std::string& text, std::size_t at, std:
   return cp;
 }
 
+// The plain consonant of a precomposed consonant with nukta, or 0.
+char32_t withoutNukta(char32_t cp) {
+  if (cp == kRra) return U'\u0930';
+  if (cp == kNnna) return U'\u0928';
+  return 0;
+}
+
 bool isNoteConsonant(char32_t cp) {
-  if (cp == kRra) return true;
+  if (withoutNukta(cp) != 0) return true;
   for (const Syllable& s : kSyllables)
     if (s.consonant == cp) return true;
   return false;
@@ -262,8 +270,8 @@ std::string fUnicodeToKeymap(const std::string& text) {
     }
     Marks marks;
     char32_t base = *cp;
-    if (base == kRra) {
-      base = U'\u0930';
+    if (const char32_t plain = withoutNukta(base)) {
+      base = plain;
       marks.lower = true;
     }
     std::size_t end = at + length;

@@ -29,10 +29,11 @@
 std::string fKeymapToUnicode(const std::string& keymapText);
 
 // UTF-8 text, Devanagari or key-map letters, to key-map text. Each
-// Devanagari note syllable with its marks becomes its vocabulary string;
-// accepted on input besides the marks above: रि/री for रे, नी for नि, the
-// vowel sign ा on ग म प ध, bare स for सा, U+0323 or U+1CDD for the lower dot,
-// U+0931 (ऱ) for र with the dot, U+0901 or U+0307 for the upper dot, U+0331
-// or U+0332 for the komal line. A syllable whose marks make no note (komal
-// Sa, tivra Re, two octave marks) and all other text pass through unchanged.
+// Devanagari note syllable with its marks becomes its vocabulary string.
+// Accepted on input besides the marks above: रि/री for रे, नी for नि, the
+// vowel sign ा on ग म प ध, bare स for सा; U+0323 or U+1CDD for the lower
+// dot, and U+0931 (ऱ) and U+0929 (ऩ), the composed (NFC) forms of र and न
+// with it; U+0901 or U+0307 for the upper dot; U+0331 or U+0332 for the
+// komal line. A syllable whose marks make no note (komal Sa, tivra Re, two
+// octave marks) and all other text pass through unchanged.
 std::string fUnicodeToKeymap(const std::string& text);

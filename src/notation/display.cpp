@@ -13,6 +13,7 @@ void sLoadNotation(platform::Control& control, const std::string& phrase) {
 
 void sDisplayPatternNotation() {
   NV_PROC("sDisplayPatternNotation");
+  if (gCurrForm == nullptr) return;
   for (const char* name : {"cPlay", "cStop", "cStopLoop", "cStartLoop"})
     gCurrForm->control(name).setEnabled(false);
 }

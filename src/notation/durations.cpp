@@ -92,6 +92,7 @@ std::string fFactorTimingScriptBy(const std::string& script, double factor) {
 
 std::string fFactorTimingScript(const std::string& script) {
   NV_PROC("fFactorTimingScript");
+  if (gCurrForm == nullptr) return script;
   const int slider = gCurrForm->control("cSlider").value();
   if (slider < 0 || slider >= static_cast<int>(gSpeedFactors.size())) {
     sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fFactorTimingScript");

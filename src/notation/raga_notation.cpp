@@ -29,7 +29,7 @@ constexpr std::array<NotationBox, 5> kRagaBoxes = {{
 
 void sAdjustNotation() {
   NV_PROC("sAdjustNotation");
-  if (!gDbA) return;
+  if (!gDbA || gCurrForm == nullptr) return;
   auto raga = gDbA->openRecordset("Raga - Technical Information", platform::RecordsetType::Table);
   raga->setIndex("PrimaryKey");
   raga->seek("=", {platform::Value(static_cast<int>(gCurrRagaId))});

@@ -24,7 +24,9 @@ extern std::int16_t gParseCount;
 // Splits text at each occurrence of delimiter into the shared arrays and
 // returns the word count. Empty pieces (repeated delimiters, delimiters at
 // either end) make no word. A 502nd word is a range error. An empty
-// delimiter makes the whole non-empty text one word.
+// delimiter makes the whole non-empty text one word. Positions are 16-bit:
+// a word beyond character 32767 raises the (forgiven) overflow and ends the
+// split there.
 std::int16_t fParseString(const std::string& text, const std::string& delimiter);
 
 // The same into the caller's arrays, indexed from 0. A word beyond their size

@@ -4,8 +4,10 @@
 //
 // The logic sets the properties, then issues a command, as it did with the
 // media control it was written for:
-//   notify      true: a done notification follows the next command
-//   wait        true: the next command blocks until finished
+//   notify      true at Play: one done notification when that play ends,
+//               however it ends (played out, stopped, closed, replaced)
+//   wait        accepted: Open, Close, Stop and Seek always finish before
+//               they return, and Play never blocks
 //   shareable, deviceType: accepted, not used
 //   fileName    the file to open; "" to clear
 //   from, to    the range to play, in milliseconds
@@ -34,6 +36,13 @@ constexpr int kNotifySuccessful = 1;
 constexpr int kNotifySuperseded = 2;
 constexpr int kNotifyAborted = 4;
 constexpr int kNotifyFailure = 8;
+
+// Error numbers a refused command leaves in error().
+constexpr int kErrUnknownCommand = 261;
+constexpr int kErrOutputFailed = 262;   // the sound output would not start
+constexpr int kErrFileNotFound = 275;
+constexpr int kErrNotOpen = 276;        // Play or Seek with no file open
+constexpr int kErrInvalidFile = 296;    // not a 16-bit PCM wave file
 
 class AudioDevice {
  public:

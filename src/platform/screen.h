@@ -125,6 +125,8 @@ class Control {
   virtual void setFontName(const std::string& family) = 0;
   virtual float fontSize() const = 0;
   virtual void setFontSize(float points) = 0;
+  virtual bool fontBold() const = 0;
+  virtual void setFontBold(bool on) = 0;
   virtual void setFocus() = 0;
   virtual void refresh() = 0;
 

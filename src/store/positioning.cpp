@@ -41,7 +41,11 @@ void sSetTableIndexRecord2(platform::Recordset& recordset, const std::string& in
 
 platform::Database* fSetDatabase() {
   NV_PROC("fSetDatabase");
-  switch (gCurrDbSelector) {
+  return fDatabaseFor(gCurrDbSelector);
+}
+
+platform::Database* fDatabaseFor(int selector) {
+  switch (selector) {
     case 1:
       return gDbA.get();
     case 2:

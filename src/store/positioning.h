@@ -22,3 +22,6 @@ void sSetTableIndexRecord2(platform::Recordset& recordset, const std::string& in
 // The store gCurrDbSelector names: 1 the library store gDbA, 2 the user
 // store gDbB; nullptr for any other value.
 platform::Database* fSetDatabase();
+
+// The store a selector argument names, by the same rule.
+platform::Database* fDatabaseFor(int selector);

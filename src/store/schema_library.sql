@@ -4,10 +4,11 @@
 -- sources; the program opens the result read-only.
 -- Key columns use plain rowid tables with a PRIMARY KEY constraint, which the
 -- store engine finds under the index name "PrimaryKey"; the other indexes
--- carry the names the program seeks them by.
+-- carry the names the program seeks them by. Names that are sought compare
+-- without regard to letter case, as the program's look-ups expect.
 
 CREATE TABLE "RagaNameList" (
-  "Raga" TEXT NOT NULL,
+  "Raga" TEXT COLLATE NOCASE NOT NULL,
   "Raga Index" INTEGER NOT NULL,
   "Level" INTEGER,
   PRIMARY KEY ("Raga")
@@ -51,7 +52,7 @@ CREATE TABLE "Raga - ALT Phrases" (
 
 CREATE TABLE "Raga - Additional Information" (
   "Raga Index" INTEGER NOT NULL,
-  "Add Info" TEXT NOT NULL,
+  "Add Info" TEXT COLLATE NOCASE NOT NULL,
   "Add Info Type" INTEGER NOT NULL,
   "Notation Index" INTEGER,
   PRIMARY KEY ("Raga Index", "Add Info", "Add Info Type")
@@ -79,7 +80,7 @@ CREATE TABLE "Raga - Composition Notations" (
 
 CREATE TABLE "Tala - Technical Information" (
   "Tala Id" INTEGER NOT NULL,
-  "Tala Name" TEXT NOT NULL,
+  "Tala Name" TEXT COLLATE NOCASE NOT NULL,
   "Beat Count" INTEGER NOT NULL,
   PRIMARY KEY ("Tala Id")
 );
@@ -90,11 +91,11 @@ CREATE TABLE "ThekaTypeBolsForTaal" (
   "Tala Id" INTEGER NOT NULL,
   "Tala Bol Id" INTEGER NOT NULL,
   "Theka Bol Id" INTEGER NOT NULL,
-  PRIMARY KEY ("Theka Type Id", "Tala Id", "Tala Bol Id")
+  PRIMARY KEY ("Tala Id", "Theka Type Id", "Tala Bol Id")
 );
 
 CREATE TABLE "ThataScales" (
-  "ThataName" TEXT NOT NULL,
+  "ThataName" TEXT COLLATE NOCASE NOT NULL,
   "ThataScale" TEXT,
   PRIMARY KEY ("ThataName")
 );
@@ -118,7 +119,7 @@ CREATE TABLE "NVTips" (
 );
 
 CREATE TABLE "NVForms" (
-  "Form Name" TEXT NOT NULL,
+  "Form Name" TEXT COLLATE NOCASE NOT NULL,
   "Form Id" INTEGER,
   "TotalControlCount" INTEGER
 );
@@ -135,7 +136,7 @@ CREATE TABLE "NVFormControls" (
 );
 
 CREATE TABLE "Note Specifications" (
-  "Instr Name" TEXT NOT NULL,
+  "Instr Name" TEXT COLLATE NOCASE NOT NULL,
   "Note Id" INTEGER NOT NULL,
   "SamPerCyc" INTEGER,
   "Fractional Value" REAL,
@@ -143,7 +144,7 @@ CREATE TABLE "Note Specifications" (
 );
 
 CREATE TABLE "Sample Values" (
-  "Instr Name" TEXT NOT NULL,
+  "Instr Name" TEXT COLLATE NOCASE NOT NULL,
   "Note Id" INTEGER NOT NULL,
   "Sample Id" INTEGER NOT NULL,
   "Sample Value" INTEGER,

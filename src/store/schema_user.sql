@@ -5,7 +5,7 @@
 -- start with a Null value, so that the defaults apply on the first run.
 
 CREATE TABLE "User Parameters" (
-  "Parameter Name" TEXT NOT NULL,
+  "Parameter Name" TEXT COLLATE NOCASE NOT NULL,
   "Parameter Value" TEXT,
   PRIMARY KEY ("Parameter Name")
 );
@@ -29,7 +29,7 @@ INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('Cur
 
 CREATE TABLE "Scale Shift Specs" (
   "NPSetId" INTEGER NOT NULL,
-  "NPSetName" TEXT,
+  "NPSetName" TEXT COLLATE NOCASE,
   "InstrumentName" TEXT,
   "TonicNoteId" INTEGER,
   "BaseSPC" REAL,
@@ -75,7 +75,7 @@ CREATE TABLE "ONPR" (
 
 CREATE TABLE "User Patterns" (
   "PatternId" INTEGER,
-  "PatternName" TEXT,
+  "PatternName" TEXT COLLATE NOCASE,
   "PatternPhrase" TEXT,
   "PatternMode" INTEGER
 );
@@ -91,7 +91,7 @@ CREATE TABLE "Raga - ALT Phrases" (
 
 CREATE TABLE "Raga - Additional Information" (
   "Raga Index" INTEGER NOT NULL,
-  "Add Info" TEXT NOT NULL,
+  "Add Info" TEXT COLLATE NOCASE NOT NULL,
   "Add Info Type" INTEGER NOT NULL,
   "Notation Index" INTEGER,
   PRIMARY KEY ("Raga Index", "Add Info", "Add Info Type")

@@ -78,7 +78,8 @@ TEST_F(Devanagari, TypedDevanagariBecomesKeymap) {
       {"स रि ग म प ध नी", "saa ro ga ma p Qa ina"},
       {"सा'रे : गा,मा", "saa'ro : ga,ma"},
       {"सा\u0323 नि\u0331 रे\u0307", "saa, ina\\ roM"},     // other dots and lines
-      {"ऱे\u0952 सा\u1CDD सँ", "ro\\, saa, saaM"},        // precomposed ra, vedic dot, candrabindu
+      {"\u0931\u0947\u0952 \u0929\u093F", "ro\\, ina,"},  // composed forms (NFC) of the dot
+      {"सा\u1CDD सँ", "saa, saaM"},                        // vedic dot below, candrabindu
       {"saa ro\\", "saa ro\\"},                           // key-map letters pass
   };
   for (const Row& r : rows) EXPECT_EQ(fUnicodeToKeymap(r.typed), r.keymap) << r.typed;

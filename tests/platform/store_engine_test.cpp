@@ -3,6 +3,7 @@
 // Seek, query recordsets and their counts, writes and their durability.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
+#include <sys/wait.h>
 #include <unistd.h>
 
 #include <cstdio>
@@ -38,6 +39,10 @@ CREATE TABLE "User Parameters" ("Parameter Name" TEXT NOT NULL, "Parameter Value
   PRIMARY KEY ("Parameter Name"));
 INSERT INTO "User Parameters" VALUES ('SortingMode', NULL), ('LastTip', '');
 CREATE TABLE "Empty" ("Id" INTEGER PRIMARY KEY, "Name" TEXT);
+CREATE INDEX "ByLevel" ON "RagaNameList" ("Level" DESC);
+CREATE TABLE "User Patterns" ("PatternId" INTEGER, "PatternName" TEXT);
+CREATE INDEX "PatternByName" ON "User Patterns" ("PatternName");
+INSERT INTO "User Patterns" VALUES (1, NULL), (2, 'b'), (3, NULL), (4, 'a'), (5, 'a');
 )";
 
 // A temporary directory with a small store, removed at the end.
@@ -57,22 +62,6 @@ class StoreEngine : public ::testing::Test {
 
   std::unique_ptr<platform::Database> open(bool readOnly, bool exclusive = true) {
     return platform::defaultWorkspace().openDatabase(path_, exclusive, readOnly, "");
-  }
-
-  // Reads one text value through a connection of its own, outside the engine.
-  std::string readDirect(const std::string& sql) {
-    sqlite3* db = nullptr;
-    sqlite3_open_v2(path_.c_str(), &db, SQLITE_OPEN_READONLY, nullptr);
-    sqlite3_stmt* statement = nullptr;
-    sqlite3_prepare_v2(db, sql.c_str(), -1, &statement, nullptr);
-    std::string result = "<none>";
-    if (sqlite3_step(statement) == SQLITE_ROW) {
-      const unsigned char* text = sqlite3_column_text(statement, 0);
-      result = text ? reinterpret_cast<const char*>(text) : "<null>";
-    }
-    sqlite3_finalize(statement);
-    sqlite3_close(db);
-    return result;
   }
 
   fs::path dir_;
@@ -195,6 +184,26 @@ TEST_F(StoreEngine, EmptyFileIsNotAStore) {
   EXPECT_EQ(fs::file_size(path), 0u);
 }
 
+TEST_F(StoreEngine, DamagedPagesAreReportedWhenRead) {
+  {
+    auto store = open(false);
+    store->execute("CREATE TABLE Big (Id INTEGER PRIMARY KEY, Text TEXT);"
+                   "WITH RECURSIVE n(i) AS (SELECT 1 UNION ALL SELECT i + 1 FROM n WHERE i < 500)"
+                   " INSERT INTO Big SELECT i, printf('%0100d', i) FROM n;");
+  }
+  {
+    // Overwrite everything after the first page (the header and schema stay).
+    std::fstream file(path_, std::ios::in | std::ios::out | std::ios::binary);
+    file.seekp(4096);
+    file << std::string(static_cast<std::size_t>(fs::file_size(path_)) - 4096, '\xA5');
+  }
+  auto store = open(true);
+  EXPECT_EQ(errorOf([&] {
+              auto rs = store->openRecordset("SELECT count(*) FROM Big;", RecordsetType::Snapshot);
+            }),
+            3049);
+}
+
 TEST_F(StoreEngine, SecondExclusiveOpenInTheSameProcessIsRefused) {
   auto first = open(false);
   try {
@@ -241,6 +250,22 @@ TEST_F(StoreEngine, TableOrderFollowsTheCurrentIndex) {
   EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}));
   rs->setIndex("RagaIndex");
   EXPECT_EQ(column(*rs, "Raga Index"), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
+}
+
+TEST_F(StoreEngine, NullKeysAndDescendingIndexesKeepTheirOrder) {
+  auto store = open(true);
+  auto patterns = store->openRecordset("User Patterns", RecordsetType::Table);
+  patterns->setIndex("PatternByName");
+  EXPECT_EQ(column(*patterns, "PatternId"), (std::vector<std::string>{"1", "3", "4", "5", "2"}));
+  patterns->seek("=", {"a"});
+  patterns->moveNext();
+  EXPECT_EQ(patterns->field("PatternId").asInteger(), 5);
+  auto ragas = store->openRecordset("RagaNameList", RecordsetType::Table);
+  ragas->setIndex("ByLevel");
+  EXPECT_EQ(column(*ragas, "Raga"),
+            (std::vector<std::string>{"Todi", "Kafi", "Desh", "Yaman", "Bhairav"}));
+  ragas->moveLast();
+  EXPECT_EQ(ragas->field("Raga").asText(), "Bhairav");
 }
 
 TEST_F(StoreEngine, SeekThenMoveNextContinuesInIndexOrder) {
@@ -371,12 +396,13 @@ TEST_F(StoreEngine, QueryRecordsetsAreNotWritable) {
               store->openRecordset("DELETE FROM RagaNameList;", RecordsetType::Dynaset);
             }),
             3251);
-  EXPECT_EQ(readDirect("SELECT count(*) FROM RagaNameList;"), "5");
+  auto table = store->openRecordset("RagaNameList", RecordsetType::Table);
+  EXPECT_EQ(table->recordCount(), 5);
 }
 
 // --- Writes ------------------------------------------------------------------
 
-TEST_F(StoreEngine, UpdateIsDurableAtOnceAndSurvivesReopening) {
+TEST_F(StoreEngine, WritesSurviveReopening) {
   {
     auto store = open(false);
     auto rs = store->openRecordset("User Parameters", RecordsetType::Table);
@@ -387,14 +413,11 @@ TEST_F(StoreEngine, UpdateIsDurableAtOnceAndSurvivesReopening) {
     EXPECT_TRUE(rs->field("Parameter Value").isText());  // the change under way
     rs->update();
     EXPECT_EQ(rs->field("Parameter Value").asInteger(), 3);
-    EXPECT_EQ(readDirect("SELECT [Parameter Value] FROM [User Parameters] "
-                         "WHERE [Parameter Name] = 'SortingMode';"),
-              "3");
     rs->addNew();
     rs->setField("Parameter Name", Value("DelayC"));
     rs->update();
     EXPECT_EQ(rs->field("Parameter Name").asText(), "SortingMode");  // stays where it was
-    EXPECT_EQ(readDirect("SELECT count(*) FROM [User Parameters];"), "3");
+    EXPECT_EQ(rs->recordCount(), 3);
     store->close();
     EXPECT_EQ(errorOf([&] { rs->moveFirst(); }), 3420);
   }
@@ -404,6 +427,32 @@ TEST_F(StoreEngine, UpdateIsDurableAtOnceAndSurvivesReopening) {
   rs->seek("=", {"DelayC"});
   ASSERT_FALSE(rs->noMatch());
   EXPECT_TRUE(rs->field("Parameter Value").isNull());
+  rs->seek("=", {"SortingMode"});
+  EXPECT_EQ(rs->field("Parameter Value"), Value("3"));
+}
+
+TEST_F(StoreEngine, UpdateIsCommittedWhenItReturns) {
+  // A child process writes and dies at once, closing nothing.
+  pid_t child = fork();
+  ASSERT_GE(child, 0);
+  if (child == 0) {
+    auto store = open(false);
+    auto rs = store->openRecordset("User Parameters", RecordsetType::Table);
+    rs->setIndex("PrimaryKey");
+    rs->seek("=", {"LastTip"});
+    rs->edit();
+    rs->setField("Parameter Value", Value(7));
+    rs->update();
+    _exit(0);
+  }
+  int status = 0;
+  waitpid(child, &status, 0);
+  ASSERT_TRUE(WIFEXITED(status));
+  auto store = open(true);
+  auto rs = store->openRecordset("User Parameters", RecordsetType::Table);
+  rs->setIndex("PrimaryKey");
+  rs->seek("=", {"LastTip"});
+  EXPECT_EQ(rs->field("Parameter Value"), Value("7"));  // text, as the column holds
 }
 
 TEST_F(StoreEngine, DuplicateKeyIsRefusedAndChangesNothing) {
@@ -434,8 +483,8 @@ TEST_F(StoreEngine, DeleteLeavesTheGapAndMoveNextGoesOn) {
   rs->remove();
   rs->moveNext();
   EXPECT_TRUE(rs->eof());
-  EXPECT_EQ(readDirect("SELECT group_concat(Raga) FROM (SELECT Raga FROM RagaNameList ORDER BY Raga);"),
-            "Bhairav,Desh,Todi");
+  rs->moveFirst();
+  EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Todi"}));
 }
 
 TEST_F(StoreEngine, RecordCountOfATableFollowsWritesOfOtherRecordsets) {

@@ -1,6 +1,7 @@
 // Stand-ins for the program's control layer in the store tests: the error
 // trap (fatal numbers throw ErrorTrap, forgiven ones are counted and
-// return), a silent ProcScope, and the session state the store reads.
+// return), a silent ProcScope, the session state the store reads, and the
+// drone's sAdjustDroneType, which only counts its calls.
 #include "tests/store/test_support.h"
 
 #include <memory>
@@ -17,6 +18,9 @@ std::int16_t gCurrRagaId = 0;
 std::int16_t gCurrFormId = 0;
 std::int16_t gFirstReed = 0;
 std::int16_t gLastReed = 0;
+std::int16_t gCompListMode = 0;
+
+int gTestDroneAdjustments = 0;
 
 long gTestForgivenCount = 0;
 long gTestLastForgiven = 0;
@@ -29,6 +33,8 @@ void sRaiseError(long number, const std::string& description, const std::string&
   }
   throw ErrorTrap(number, description, source);
 }
+
+void sAdjustDroneType(platform::Recordset&) { ++gTestDroneAdjustments; }
 
 ProcScope::ProcScope(const char*) : uncaught_(0) {}
 ProcScope::~ProcScope() = default;

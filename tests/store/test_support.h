@@ -9,9 +9,12 @@
 extern long gTestForgivenCount;  // forgiven faults raised so far
 extern long gTestLastForgiven;   // number of the last one
 
-// Names of the keyboard's reed range, defined by the stand-ins.
+extern int gTestDroneAdjustments;  // calls of sAdjustDroneType
+
+// State of other modules, defined by the stand-ins.
 extern std::int16_t gFirstReed;
 extern std::int16_t gLastReed;
+extern std::int16_t gCompListMode;
 
 // A temporary directory holding a library store and a user store built
 // from the schema with a few rows; opens them as gDbA (read-only) and gDbB

@@ -82,6 +82,18 @@ void checkNotesOfRaga(Context& c, const Row& tech, const std::set<int>& ragaClas
   }
 }
 
+// The drone sounds Pa (type 1), shuddha Ma (2) or Ni (3) against Sa: the
+// raga must have that note. Which of its notes to choose is the writer's
+// judgement (a raga with a weak Pa may take the Ma drone).
+void checkDroneType(Context& c, const Row& tech, const std::set<int>& ragaClasses) {
+  static const std::map<int, int> kDroneNote = {{1, 7}, {2, 5}, {3, 11}};  // pitch classes of P, m, N
+  const auto drone = kDroneNote.find(toInt(value(tech, "DroneType")));
+  if (drone == kDroneNote.end())
+    c.report(Fault::TechnicalData, tech, "DroneType", "DroneType must be 1 (Pa), 2 (Ma) or 3 (Ni)");
+  else if (!ragaClasses.empty() && !ragaClasses.count(drone->second))
+    c.report(Fault::TechnicalData, tech, "DroneType", "the drone's note is not in the raga's Raga Note Ids");
+}
+
 void checkVadiNumber(Context& c, const Row& tech, const char* noteColumn, const char* numColumn) {
   const std::string note = value(tech, noteColumn);
   if (!isLegalNoteWord(note) || note.find('\'') != std::string::npos) {
@@ -135,6 +147,9 @@ void checkRagas(Context& c) {
   for (const Row* r : c.rowsOf("Raga - ALT Phrases"))
     if (value(*r, "PhraseType") == "1") alapRows[toInt(value(*r, "RagaIndex"))] = r;
 
+  std::set<std::string> thatas;
+  for (const Row* t : c.rowsOf("ThataScales")) thatas.insert(value(*t, "ThataName"));
+
   for (const Row* name : c.rowsOf("RagaNameList")) {
     const int id = toInt(value(*name, "Raga Index"));
     const std::string raga = value(*name, "Raga");
@@ -159,7 +174,14 @@ void checkRagas(Context& c) {
                *tech, "PakadDuration", "Pakad: " + runOut);
     checkVadiNumber(c, *tech, "Vadi", "VadiNum");
     checkVadiNumber(c, *tech, "Samvadi", "SamvadiNum");
-    if (notesRows.count(id)) checkNotesOfRaga(c, *tech, checkRagaNoteIds(c, *notesRows[id]));
+    if (!thatas.empty() && tech->find("Thata") && !thatas.count(value(*tech, "Thata")))
+      c.report(Fault::TechnicalData, *tech, "Thata", "Thata '" + value(*tech, "Thata") + "' is not in [ThataScales]");
+    std::set<int> classes;
+    if (notesRows.count(id)) {
+      classes = checkRagaNoteIds(c, *notesRows[id]);
+      checkNotesOfRaga(c, *tech, classes);
+    }
+    checkDroneType(c, *tech, classes);
   }
   for (const Row* alt : c.rowsOf("Raga - ALT Phrases")) {
     if (value(*alt, "PhraseType") == "3") {
@@ -257,6 +279,42 @@ void checkCompositions(Context& c, const CheckOptions& options) {
       c.report(Fault::MissingPart, *row, "Notation Index", "no [Raga - Additional Information] row names this notation");
 }
 
+// Every theka type given covers every tala, with one known bol (1 to 20)
+// on each beat from 1 to the tala's beat count.
+void checkThekas(Context& c) {
+  std::map<int, const Row*> talas;
+  for (const Row* t : c.rowsOf("Tala - Technical Information")) talas[toInt(value(*t, "Tala Id"))] = t;
+  std::map<std::pair<int, int>, std::set<int>> beatsOf;  // (type, tala) -> beats with a bol
+  for (const Row* b : c.rowsOf("ThekaTypeBolsForTaal")) {
+    const int type = toInt(value(*b, "Theka Type Id")), tala = toInt(value(*b, "Tala Id"));
+    const int beat = toInt(value(*b, "Tala Bol Id")), bol = toInt(value(*b, "Theka Bol Id"));
+    if (!talas.count(tala)) {
+      c.report(Fault::ThekaIncomplete, *b, "Tala Id", "no tala " + std::to_string(tala));
+      continue;
+    }
+    const int beats = toInt(value(*talas[tala], "Beat Count"));
+    if (beat < 1 || beat > beats)
+      c.report(Fault::ThekaIncomplete, *b, "Tala Bol Id", "beat " + std::to_string(beat) + " outside 1 to " + std::to_string(beats));
+    if (bol < 1 || bol > 20)
+      c.report(Fault::ThekaIncomplete, *b, "Theka Bol Id", "Theka Bol Id must lie from 1 to 20");
+    beatsOf[{type, tala}].insert(beat);
+  }
+  std::set<int> types;
+  for (const auto& entry : beatsOf) types.insert(entry.first.first);
+  for (int type : types) {
+    for (const auto& [tala, row] : talas) {
+      const int beats = toInt(value(*row, "Beat Count"));
+      const auto& have = beatsOf[{type, tala}];
+      for (int beat = 1; beat <= beats; ++beat) {
+        if (have.count(beat)) continue;
+        c.report(Fault::ThekaIncomplete, *row, "Tala Name",
+                 value(*row, "Tala Name") + ": theka type " + std::to_string(type) + " has no bol on beat " + std::to_string(beat));
+        break;
+      }
+    }
+  }
+}
+
 void checkLibraryWide(Context& c) {
   std::set<int> prompts;
   for (const Row* p : c.rowsOf("Prompts"))
@@ -303,8 +361,10 @@ std::vector<Problem> checkContent(const std::vector<nvstore::Row>& rows, const C
   checkDuplicates(c, "Tala - Technical Information", {"Tala Id"});
   checkDuplicates(c, "ThataScales", {"ThataName"});
   checkDuplicates(c, "Prompts", {"Prompt Id"});
+  checkDuplicates(c, "ThekaTypeBolsForTaal", {"Tala Id", "Theka Type Id", "Tala Bol Id"});
   checkRagas(c);
   checkCompositions(c, options);
+  checkThekas(c);
   if (options.wholeLibrary) checkLibraryWide(c);
   return c.problems;
 }

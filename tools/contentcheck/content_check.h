@@ -26,6 +26,8 @@ enum class Fault {
   MissingRow,           // a raga without its technical, notes or alap row
   GroupCount,           // a raga outside its group, or groups not of 30, 20, 20
   FilmSongShipped,      // a film-song row in the library
+  ThekaIncomplete,      // a theka without exactly one known bol per beat
+  TechnicalData,        // an unknown thata, or a drone on a note the raga lacks
 };
 
 struct Problem {

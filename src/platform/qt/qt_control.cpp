@@ -567,6 +567,7 @@ void QtControl::applyFont() {
     font.setFamily(q(fontFamily_));
   }
   if (fontPoints_ > 0) font.setPointSizeF(fontPoints_);
+  font.setBold(fontBold_);
   widget_->setFont(font);
 }
 
@@ -587,6 +588,12 @@ float QtControl::fontSize() const {
 }
 void QtControl::setFontSize(float points) {
   fontPoints_ = points;
+  applyFont();
+}
+
+bool QtControl::fontBold() const { return fontBold_; }
+void QtControl::setFontBold(bool on) {
+  fontBold_ = on;
   applyFont();
 }
 

@@ -65,6 +65,8 @@ class QtControl : public Control {
   void setFontName(const std::string& family) override;
   float fontSize() const override;
   void setFontSize(float points) override;
+  bool fontBold() const override;
+  void setFontBold(bool on) override;
   void setFocus() override;
   void refresh() override;
 
@@ -138,6 +140,7 @@ class QtControl : public Control {
   std::string caption_;        // as the logic set it (key-map text for Shusha)
   std::string fontFamily_;
   float fontPoints_ = 0;
+  bool fontBold_ = false;
   int foreColor_ = -1;         // -1: the style's own colour
   int backColor_ = -1;
   int borderStyle_ = 0;

@@ -56,6 +56,11 @@ Connection::Connection(const std::string& path, bool exclusive, bool readOnly)
   }
   if (rc == SQLITE_OK && !readOnly)
     rc = sqlite3_exec(handle_, "PRAGMA synchronous = FULL;", nullptr, nullptr, nullptr);
+  // Nobody else may use an exclusive store, so SQLite may keep its file
+  // locks and page cache from one statement to the next instead of taking
+  // them anew (and checking the file) for every statement.
+  if (rc == SQLITE_OK && exclusive)
+    rc = sqlite3_exec(handle_, "PRAGMA locking_mode = EXCLUSIVE;", nullptr, nullptr, nullptr);
   if (rc != SQLITE_OK) {
     std::string message = handle_ ? sqlite3_errmsg(handle_) : sqlite3_errstr(rc);
     sqlite3_close(handle_);

@@ -8,14 +8,49 @@ namespace {
 
 [[noreturn]] void throwNoCurrentRecord() { throw StoreError(3021, "No current record."); }
 
+// A key column as the index compares it. BINARY is left unsaid: SQLite
+// would not search the index for a term that names it.
+std::string keyTerm(const KeyColumn& key) {
+  if (fSameName(key.collation, "BINARY")) return fQuoteName(key.name);
+  return fQuoteName(key.name) + " COLLATE " + key.collation;
+}
+
 std::string orderClause(const std::vector<KeyColumn>& index, bool reverse) {
   std::string clause = " ORDER BY ";
-  for (const KeyColumn& key : index) {
-    bool descending = key.descending != reverse;
-    clause += fQuoteName(key.name) + " COLLATE " + key.collation +
-              (descending ? " DESC, " : ", ");
-  }
+  for (const KeyColumn& key : index)
+    clause += keyTerm(key) + (key.descending != reverse ? " DESC, " : ", ");
   return clause + (reverse ? "rowid DESC" : "rowid");
+}
+
+// "Comes after (?1, ?2, ..., rowid ?n+1) in index order" as a row-value
+// comparison, which the index serves; right only for ascending keys and
+// key values that are not Null.
+std::string afterKeys(const std::vector<KeyColumn>& index) {
+  if (index.empty()) return "rowid > ?1";
+  std::string terms, slots;
+  for (std::size_t i = 0; i < index.size(); ++i) {
+    terms += keyTerm(index[i]) + ", ";
+    slots += "?" + std::to_string(i + 1) + ", ";
+  }
+  return "(" + terms + "rowid) > (" + slots + "?" + std::to_string(index.size() + 1) + ")";
+}
+
+// The same test spelt out column by column, where Null sorts before every
+// value and a DESC column reverses its comparison.
+std::string afterKeysNullSafe(const std::vector<KeyColumn>& index) {
+  std::string test = "rowid > ?" + std::to_string(index.size() + 1);
+  for (std::size_t i = index.size(); i-- > 0;) {
+    std::string column = keyTerm(index[i]);
+    std::string slot = "?" + std::to_string(i + 1);
+    std::string beyond =
+        index[i].descending
+            ? "(" + column + " < " + slot + " OR (" + column + " IS NULL AND " + slot +
+                  " IS NOT NULL))"
+            : "(" + column + " > " + slot + " OR (" + slot + " IS NULL AND " + column +
+                  " IS NOT NULL))";
+    test = "(" + beyond + " OR (" + column + " IS " + slot + " AND " + test + "))";
+  }
+  return test;
 }
 
 }  // namespace
@@ -25,7 +60,27 @@ TableRecordset::TableRecordset(std::shared_ptr<Connection> connection,
     : connection_(std::move(connection)) {
   table_ = connection_->table(tableName);
   selectRow_ = "SELECT rowid, * FROM " + fQuoteName(table_->name);
+  chooseOrder({});
+}
+
+void TableRecordset::chooseOrder(std::vector<KeyColumn> index) {
+  index_ = std::move(index);
+  indexFields_.clear();
+  descendingIndex_ = false;
+  for (const KeyColumn& key : index_) {
+    indexFields_.push_back(columnIndex(key.name));
+    descendingIndex_ = descendingIndex_ || key.descending;
+  }
   orderBy_ = orderClause(index_, false);
+  reverseOrderBy_ = orderClause(index_, true);
+  nextRow_ = selectRow_ + " WHERE " + afterKeys(index_) + orderBy_ + " LIMIT 1";
+  nextRowNullSafe_ = selectRow_ + " WHERE " + afterKeysNullSafe(index_) + orderBy_ + " LIMIT 1";
+  seekRow_.clear();
+  std::string equalKeys;
+  for (std::size_t i = 0; i < index_.size(); ++i) {
+    equalKeys += (i ? " AND " : "") + keyTerm(index_[i]) + " = ?" + std::to_string(i + 1);
+    seekRow_.push_back(selectRow_ + " WHERE " + equalKeys + orderBy_ + " LIMIT 1");
+  }
   moveToEnd(false);
 }
 
@@ -66,11 +121,12 @@ bool TableRecordset::readRow(const std::string& sql, const std::vector<Value>& k
 }
 
 void TableRecordset::setIndex(const std::string& indexName) {
-  index_ = connection().indexColumns(*table_, indexName);
+  // The look-ups set the index before every Seek; the same one again
+  // changes nothing.
+  if (indexChosen_ && fSameName(indexName, indexName_)) return;
+  chooseOrder(connection().indexColumns(*table_, indexName));
   indexChosen_ = true;
-  orderBy_ = orderClause(index_, false);
-  orderRead_ = false;
-  moveToEnd(false);
+  indexName_ = indexName;
 }
 
 void TableRecordset::seek(const std::string& comparison, const std::vector<Value>& keys) {
@@ -80,16 +136,12 @@ void TableRecordset::seek(const std::string& comparison, const std::vector<Value
   if (keys.empty() || keys.size() > index_.size())
     throw StoreError(3251, "Seek on '" + table_->name + "' needs 1 to " +
                                std::to_string(index_.size()) + " key values.");
-  std::string sql = selectRow_ + " WHERE ";
-  for (std::size_t i = 0; i < keys.size(); ++i)
-    sql += (i ? " AND " : "") + fQuoteName(index_[i].name) + " = ?" + std::to_string(i + 1);
-  sql += orderBy_ + " LIMIT 1";
-  noMatch_ = !readRow(sql, keys);
+  noMatch_ = !readRow(seekRow_[keys.size() - 1], keys);
   place_ = noMatch_ ? Place::Nowhere : Place::Row;
 }
 
 void TableRecordset::moveToEnd(bool last) {
-  std::string sql = selectRow_ + (last ? orderClause(index_, true) : orderBy_) + " LIMIT 1";
+  std::string sql = selectRow_ + (last ? reverseOrderBy_ : orderBy_) + " LIMIT 1";
   place_ = readRow(sql, {}) ? Place::Row : Place::Empty;
 }
 
@@ -98,55 +150,21 @@ void TableRecordset::moveFirst() { moveToEnd(false); }
 void TableRecordset::moveLast() { moveToEnd(true); }
 
 void TableRecordset::moveNext() {
-  std::size_t next = 0;
-  switch (place_) {
-    case Place::Row:
-      next = currentPosition() + 1;
-      break;
-    case Place::Deleted:
-      refreshOrder();
-      next = deletedAt_;
-      break;
-    default:
-      throwNoCurrentRecord();
+  if (place_ != Place::Row && place_ != Place::Deleted) throwNoCurrentRecord();
+  // The current (or just deleted) row's keys and rowid mark the place.
+  std::vector<Value> keys;
+  bool anyNull = false;
+  for (int column : indexFields_) {
+    keys.push_back(row_[static_cast<std::size_t>(column) + 1]);
+    anyNull = anyNull || keys.back().isNull();
   }
-  if (next < rowids_.size())
-    loadRowAt(next);
-  else
-    place_ = Place::AfterLast;
-}
-
-void TableRecordset::loadRowAt(std::size_t position) {
-  bool found = readRow(selectRow_ + " WHERE rowid = ?1", {Value(rowids_[position])});
-  place_ = found ? Place::Row : Place::Nowhere;
-}
-
-void TableRecordset::refreshOrder() const {
-  std::uint64_t stamp = connection().changeCount();
-  if (orderRead_ && orderStamp_ == stamp) return;
-  rowids_.clear();
-  positions_.clear();
-  Connection& store = *connection_;
-  std::string sql = "SELECT rowid FROM " + fQuoteName(table_->name) + orderBy_;
-  StatementRun run(store.handle(), store.statement(sql), table_->name);
-  while (run.step()) {
-    positions_.emplace(run.column(0).asInteger(), rowids_.size());
-    rowids_.push_back(run.column(0).asInteger());
-  }
-  orderRead_ = true;
-  orderStamp_ = stamp;
-}
-
-std::size_t TableRecordset::currentPosition() const {
-  refreshOrder();
-  auto found = positions_.find(row_.at(0).asInteger());
-  if (found == positions_.end()) throwNoCurrentRecord();  // deleted meanwhile
-  return found->second;
+  keys.push_back(row_[0]);
+  bool found = readRow(anyNull || descendingIndex_ ? nextRowNullSafe_ : nextRow_, keys);
+  place_ = found ? Place::Row : Place::AfterLast;
 }
 
 long TableRecordset::recordCount() const {
   std::uint64_t stamp = connection().changeCount();
-  if (orderRead_ && orderStamp_ == stamp) return static_cast<long>(rowids_.size());
   if (count_ < 0 || countStamp_ != stamp) {
     Connection& store = *connection_;
     StatementRun run(store.handle(),
@@ -250,7 +268,6 @@ void TableRecordset::updateRow() {
 void TableRecordset::remove() {
   requireWritable();
   requireRow();
-  deletedAt_ = currentPosition();
   Connection& store = connection();
   {
     StatementRun run(store.handle(), store.statement("DELETE FROM " + fQuoteName(table_->name) +

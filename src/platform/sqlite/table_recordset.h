@@ -1,19 +1,19 @@
 // A table-type recordset: the rows of one table in the order of its current
 // index, with Seek on the index and writes in a writable store.
 //
-// Rows are read one at a time by rowid through statements the connection
-// keeps prepared, so a Seek and the field reads after it cost one step. The
-// order of the rows (their rowids) is read only when the recordset is moved
-// through, and again after any write to the store.
-// State: the table, the current index, the current row and its place in the
-// order, NoMatch, and the change under way (AddNew/Edit).
+// Rows are read one at a time through statements the connection keeps
+// prepared, so a Seek and the field reads after it cost one step. MoveNext
+// asks for the first row after the current one's key values (and rowid) in
+// the index order, so no list of rows is ever held; after a Delete the
+// deleted row's values still mark the place.
+// State: the table, the current index, the current row, NoMatch, and the
+// change under way (AddNew/Edit).
 #pragma once
 
 #include <cstdint>
 #include <memory>
 #include <optional>
 #include <string>
-#include <unordered_map>
 #include <vector>
 
 #include "platform/sqlite/connection.h"
@@ -60,9 +60,7 @@ class TableRecordset : public Recordset {
   int columnIndex(const std::string& name) const;
   bool readRow(const std::string& sql, const std::vector<Value>& keys);
   void moveToEnd(bool last);
-  void loadRowAt(std::size_t position);
-  void refreshOrder() const;
-  std::size_t currentPosition() const;
+  void chooseOrder(std::vector<KeyColumn> index);
   void insertRow();
   void updateRow();
 
@@ -70,19 +68,20 @@ class TableRecordset : public Recordset {
   std::shared_ptr<const TableInfo> table_;
   std::vector<KeyColumn> index_;  // empty: rowid order
   bool indexChosen_ = false;
-  std::string orderBy_;           // " ORDER BY ..., rowid"
+  std::string indexName_;         // as the caller named it
+  std::vector<int> indexFields_;  // the index's columns, as table columns
   std::string selectRow_;         // "SELECT rowid, * FROM t"
+  std::string orderBy_;           // " ORDER BY ..., rowid"
+  std::string reverseOrderBy_;
+  std::string nextRow_;           // the row after given keys and rowid
+  std::string nextRowNullSafe_;   // the same where Nulls or DESC are involved
+  std::vector<std::string> seekRow_;  // by number of keys - 1
+  bool descendingIndex_ = false;
 
   Place place_ = Place::Empty;
   std::vector<Value> row_;        // rowid, then the columns
-  std::size_t deletedAt_ = 0;     // Place::Deleted: where the next row now stands
   bool noMatch_ = false;
 
-  // The order, read on demand; stale when the store's change count moved.
-  mutable std::vector<std::int64_t> rowids_;
-  mutable std::unordered_map<std::int64_t, std::size_t> positions_;
-  mutable std::uint64_t orderStamp_ = 0;
-  mutable bool orderRead_ = false;
   mutable long count_ = -1;
   mutable std::uint64_t countStamp_ = 0;
 

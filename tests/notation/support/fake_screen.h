@@ -24,6 +24,8 @@ class FakeControl : public platform::Control {
   void setFontName(const std::string& family) override { fontName_ = family; }
   float fontSize() const override { return fontSize_; }
   void setFontSize(float points) override { fontSize_ = points; }
+  bool fontBold() const override { return bold_; }
+  void setFontBold(bool on) override { bold_ = on; }
   int value() const override { return value_; }
   void setValue(int v) override { value_ = v; }
 
@@ -95,6 +97,7 @@ class FakeControl : public platform::Control {
   std::string text_;
   std::string fontName_;
   float fontSize_ = 0;
+  bool bold_ = false;
   int value_ = 0;
   bool enabled_ = true;
 };

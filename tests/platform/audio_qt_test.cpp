@@ -1,0 +1,149 @@
+// The audio device on the real sound output. Where the machine has no sound
+// output the playing tests skip and only the fall-back is checked, so runs
+// stay repeatable; scripts/with-audio-server.sh gives them a server.
+#include "platform/qt/qt_audio.h"
+
+#include <gtest/gtest.h>
+
+#include <QAudioDevice>
+#include <QCoreApplication>
+#include <QElapsedTimer>
+#include <QMediaDevices>
+#include <QThread>
+#include <algorithm>
+#include <vector>
+
+#include "audio_fixture.h"
+#include "platform/qt/qt_scheduler.h"
+
+namespace platform {
+namespace {
+
+bool haveOutput() { return !QMediaDevices::defaultAudioOutput().isNull(); }
+
+// Lets events through until done() or timeoutMs.
+void runUntil(const std::function<bool()>& done, long timeoutMs) {
+  QElapsedTimer timer;
+  timer.start();
+  while (!done() && timer.elapsed() < timeoutMs) {
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 5);
+    QThread::usleep(500);
+  }
+}
+
+TEST(AudioFactory, FallsBackToTheSilentDeviceAndTellsOnce) {
+  if (haveOutput()) GTEST_SKIP() << "this machine has a sound output";
+  QtScheduler scheduler;
+  int told = 0;
+  NoOutputNotice notice{[&](const std::string& message) {
+    ++told;
+    EXPECT_NE(message.find("No sound output"), std::string::npos);
+  }};
+  auto first = createAudioDevice(scheduler, notice);
+  auto second = createAudioDevice(scheduler, notice);
+  EXPECT_EQ(told, 1);
+  testing::TempDir dir;
+  testing::writeToneFile(dir.file("A.wav"), 200);
+  second->fileName = dir.file("A.wav");
+  ASSERT_TRUE(second->command("Open"));
+  EXPECT_EQ(second->length(), 200);
+}
+
+class QtDevice : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    if (!haveOutput()) GTEST_SKIP() << "no sound output on this machine";
+    device = createAudioDevice(scheduler, notice);
+    ASSERT_FALSE(notice.told) << "the output is listed but does not start";
+    device->onStatus = [this] {
+      statusAtMs.push_back(clock.elapsed());
+      positions.push_back(device->position());
+    };
+    device->onDone = [this](int code) {
+      doneCodes.push_back(code);
+      doneAtMs = clock.elapsed();
+    };
+  }
+
+  bool openAndPlay(long lengthMs) {
+    testing::writeToneFile(dir.file("A.wav"), lengthMs);
+    device->fileName = dir.file("A.wav");
+    if (!device->command("Open")) return false;
+    device->notify = true;
+    device->from = 0;
+    device->to = device->length();
+    clock.start();
+    return device->command("Play");
+  }
+
+  testing::TempDir dir;
+  QtScheduler scheduler;
+  NoOutputNotice notice;
+  std::unique_ptr<AudioDevice> device;
+  QElapsedTimer clock;
+  std::vector<qint64> statusAtMs;
+  std::vector<long> positions;
+  std::vector<int> doneCodes;
+  qint64 doneAtMs = -1;
+};
+
+TEST_F(QtDevice, PlaysToTheEndWithSteadyStatusAndOneDone) {
+  ASSERT_TRUE(openAndPlay(800)) << device->errorMessage();
+  EXPECT_EQ(device->mode(), kModePlaying);
+  runUntil([this] { return !doneCodes.empty(); }, 3000);
+  runUntil([] { return false; }, 300);  // a second done would come here
+
+  ASSERT_EQ(doneCodes, std::vector<int>{kNotifySuccessful});
+  // The output's count may run a few ms ahead of the wall clock.
+  EXPECT_GE(doneAtMs, 800 - 30);
+  EXPECT_LE(doneAtMs, 800 + 400);
+  EXPECT_EQ(device->position(), 800);
+  EXPECT_EQ(device->mode(), kModeStopped);
+
+  ASSERT_GE(statusAtMs.size(), 20u);
+  std::vector<qint64> gapsMs;
+  for (std::size_t i = 1; i < statusAtMs.size(); ++i) gapsMs.push_back(statusAtMs[i] - statusAtMs[i - 1]);
+  std::sort(gapsMs.begin(), gapsMs.end());
+  EXPECT_LE(gapsMs[gapsMs.size() * 9 / 10], 30) << "most status gaps within 30 ms";
+  EXPECT_TRUE(std::is_sorted(positions.begin(), positions.end()));
+  // What is heard trails the wall clock by the output's buffer, no more.
+  const long lagMs = static_cast<long>(statusAtMs[statusAtMs.size() / 2]) - positions[positions.size() / 2];
+  EXPECT_GE(lagMs, 0);
+  EXPECT_LE(lagMs, 300);
+}
+
+TEST_F(QtDevice, StopFreezesThePositionAndAnswersAborted) {
+  ASSERT_TRUE(openAndPlay(2000)) << device->errorMessage();
+  runUntil([this] { return clock.elapsed() >= 400; }, 1000);
+  device->notify = false;
+  ASSERT_TRUE(device->command("Stop"));
+  const long stoppedAtMs = device->position();
+  EXPECT_GT(stoppedAtMs, 200);
+  EXPECT_LT(stoppedAtMs, 450);
+  runUntil([] { return false; }, 200);
+  EXPECT_EQ(device->position(), stoppedAtMs);
+  EXPECT_EQ(doneCodes, std::vector<int>{kNotifyAborted});
+  EXPECT_TRUE(device->command("Close"));
+  EXPECT_EQ(device->mode(), kModeNotOpen);
+}
+
+TEST_F(QtDevice, SeekToStartWhilePlayingKeepsPlaying) {
+  ASSERT_TRUE(openAndPlay(1000)) << device->errorMessage();
+  runUntil([this] { return device->position() >= 500; }, 2000);
+  device->notify = false;
+  ASSERT_TRUE(device->command("Seek to start"));
+  EXPECT_EQ(device->mode(), kModePlaying);
+  EXPECT_LT(device->position(), 100);
+  runUntil([this] { return !doneCodes.empty(); }, 4000);
+  EXPECT_EQ(doneCodes, std::vector<int>{kNotifySuccessful});
+  EXPECT_GE(doneAtMs, 1400);
+}
+
+}  // namespace
+}  // namespace platform
+
+int main(int argc, char** argv) {
+  QCoreApplication app(argc, argv);
+  ::testing::InitGoogleTest(&argc, argv);
+  return RUN_ALL_TESTS();
+}

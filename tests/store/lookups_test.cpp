@@ -1,0 +1,179 @@
+// Look-ups by id and name, the phrase and item tests and counts, prompts,
+// list filling and the sequential raga pick, on small stores.
+#include <gtest/gtest.h>
+
+#include <memory>
+#include <string>
+#include <vector>
+
+#include "control/session.h"
+#include "platform/store.h"
+#include "store/lookups.h"
+#include "store/queries.h"
+#include "store/query_open.h"
+#include "tests/notation/support/fake_screen.h"
+#include "tests/store/test_support.h"
+
+namespace {
+
+using Names = std::vector<std::string>;
+
+// A list box: remembers its entries.
+class FakeList : public FakeControl {
+ public:
+  FakeList() : FakeControl("cList") {}
+  void addItem(const std::string& item) override { items.push_back(item); }
+  void clear() override { items.clear(); }
+  int listCount() const override { return static_cast<int>(items.size()); }
+  Names items;
+};
+
+// A screen whose cRagaList is a list box.
+class RagaListScreen : public FakeScreen {
+ public:
+  platform::Control& control(const std::string& name, int index = -1) override {
+    return name == "cRagaList" ? list : FakeScreen::control(name, index);
+  }
+  FakeList list;
+};
+
+long errorOf(const std::function<void()>& action) {
+  try {
+    action();
+  } catch (const platform::StoreError& error) {
+    return error.number;
+  }
+  return 0;
+}
+
+class Lookups : public ::testing::Test {
+ protected:
+  void SetUp() override {
+    sSetSQLStrings();
+    gCurrRagaId = 1;
+    gCurrFormId = 15;
+    gCompListMode = 0;
+  }
+  TestStores stores_;
+};
+
+TEST_F(Lookups, RagasAndTalasByIdAndName) {
+  EXPECT_EQ(fGetRagaId("Kafi"), 3);
+  EXPECT_EQ(fGetRagaId(""), 0);
+  EXPECT_EQ(fGetRagaId("kafi"), 0);  // names are compared exactly
+  EXPECT_EQ(fGetRagaName(6), "Marwa");
+  EXPECT_EQ(fGetRagaName(99), "");
+  EXPECT_EQ(fGetRagaLevel("Todi"), 3);
+  EXPECT_EQ(fGetTalaId("Rupak"), 4);
+  EXPECT_EQ(fGetTalaName(2), "Ektaal");
+  EXPECT_EQ(fGetMusicSetName(14), "Alpha");
+}
+
+TEST_F(Lookups, UntestedMissesAreFaults) {
+  EXPECT_EQ(errorOf([] { fGetRagaLevel("Unknown"); }), 3021);
+  EXPECT_EQ(errorOf([] { fGetTalaName(9); }), 3021);
+  EXPECT_EQ(errorOf([] { fAlapCount(2, 1); }), 3021);
+}
+
+TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {
+  struct Row {
+    std::int16_t (*lookup)(std::int16_t, std::int16_t);
+    std::int16_t ragaId, store, answer;
+  };
+  const Row table[] = {
+      {fHasAlap, 1, 1, -1},         {fHasLayakari, 1, 1, 0},   {fHasTaan, 1, 1, -1},
+      {fHasAlap, 1, 2, 0},          {fHasLayakari, 5, 2, -1},  {fHasAlap, 1, 3, 0},
+      {fHasSimilarRagas, 1, 1, -1}, {fHasSimilarRagas, 2, 1, 0},
+      {fHasCompositions, 1, 2, -1}, {fHasCompositions, 2, 2, 0},
+      {fHasFilmSongs, 1, 1, -1},    {fHasFilmSongs, 3, 1, 0},
+      {fAlapCount, 1, 1, 2},        {fTaanCount, 1, 1, 1},     {fLayakariCount, 5, 2, 3},
+  };
+  for (const Row& row : table)
+    EXPECT_EQ(row.lookup(row.ragaId, row.store), row.answer)
+        << "raga " << row.ragaId << " store " << row.store;
+}
+
+TEST_F(Lookups, NextUserCompositionIndexCountsRows) {
+  EXPECT_EQ(fGetNextUserCompositionIndex(), 4);
+  gDbB->execute("DELETE FROM [Raga - Additional Information] WHERE [Notation Index] = 201;");
+  EXPECT_EQ(fGetNextUserCompositionIndex(), 3);  // may repeat an index in use
+  gDbB->execute("DELETE FROM [Raga - Additional Information];");
+  EXPECT_EQ(fGetNextUserCompositionIndex(), 1);
+}
+
+TEST_F(Lookups, ItemCountOfTheCurrentRaga) {
+  EXPECT_EQ(fAddInfoCount(2), 2);
+  EXPECT_EQ(fAddInfoCount(3), 1);
+  gCurrRagaId = 4;
+  EXPECT_EQ(fAddInfoCount(2), 0);
+}
+
+TEST_F(Lookups, Prompts) {
+  const struct {
+    const char* numbers;
+    const char* text;
+  } table[] = {
+      {"1", "Choose a raga"},
+      {"3,4", "Listen - Sing along"},
+      {"1,2,3", "Choose a raga -  - Listen"},
+      {"2", ""},
+      {"", ""},
+  };
+  for (const auto& row : table) EXPECT_EQ(fGetPrompts(row.numbers), row.text) << row.numbers;
+}
+
+TEST_F(Lookups, ListOfItemsByScreenAndComposerMode) {
+  const struct {
+    std::int16_t formId, listMode;
+    Names items;
+  } table[] = {
+      {15, 0, {"Eri Aali", "Man Mohana"}},
+      {15, 1, {"Eri Aali", "Man Mohana"}},
+      {16, 1, {"Eri Aali"}},
+      {16, 2, {"Man Mohana"}},
+  };
+  for (const auto& row : table) {
+    gCurrFormId = row.formId;
+    gCompListMode = row.listMode;
+    FakeList list;
+    list.items = {"left over"};
+    std::int16_t count = fLoadList(list, 2);
+    std::sort(list.items.begin(), list.items.end());
+    EXPECT_EQ(list.items, row.items) << row.formId << "/" << row.listMode;
+    EXPECT_EQ(count, static_cast<std::int16_t>(row.items.size()));
+  }
+  gCurrRagaId = 4;
+  FakeList empty;
+  EXPECT_EQ(fLoadList(empty, 2), 0);
+  EXPECT_TRUE(empty.items.empty());
+}
+
+TEST_F(Lookups, RagaListHoldsEveryRagaWithTechnicalData) {
+  RagaListScreen screen;
+  sLoadRagaList(screen);
+  EXPECT_EQ(screen.list.items,
+            (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
+}
+
+TEST_F(Lookups, SequentialRagaPick) {
+  gTestDroneAdjustments = 0;
+  EXPECT_EQ(fGetSeqRagaId(3), 3);
+  EXPECT_EQ(gCurrRagaId, 3);
+  EXPECT_EQ(fGetSeqRagaId(6), 6);
+  EXPECT_EQ(gTestDroneAdjustments, 2);
+  EXPECT_EQ(fGetSeqRagaId(7), 0);
+  EXPECT_EQ(fGetSeqRagaId(0), 0);
+  EXPECT_EQ(gCurrRagaId, 6);
+  EXPECT_EQ(gTestDroneAdjustments, 2);
+}
+
+TEST_F(Lookups, QueryThatCannotBeEvaluatedIsForgiven) {
+  long before = gTestForgivenCount;
+  EXPECT_EQ(fOpenQuery(*gDbA, "SELECT Raga FROM RagaNameList WHERE ((Level = ;"), nullptr);
+  EXPECT_EQ(gTestForgivenCount, before + 1);
+  EXPECT_EQ(gTestLastForgiven, 3075);
+  EXPECT_EQ(errorOf([] { fOpenQuery(*gDbA, "SELECT x FROM [No Such Table];"); }), 3078);
+  EXPECT_NE(fOpenQuery(*gDbA, gSQLStr1), nullptr);
+}
+
+}  // namespace
