@@ -6,6 +6,7 @@
 #include "browsing/browsing.h"
 #include "exploration/exploration.h"
 #include "screen_harness.h"
+#include "store/queries.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ class ExplorationShell : public ::testing::Test {
                     sBindMainOperationsEvents}}),
               "");
     screenharness::startAtMainWindow();
+    sSetSQLStrings();  // the raga grid runs its query on entry
     gCurrMusicSetId = 3;
     gCurrTonicNoteId = 3;
   }
