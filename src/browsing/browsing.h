@@ -9,10 +9,15 @@ namespace platform {
 class Screen;
 }
 
-// RagaSelection1. Events: 0 open, 20 leave.
+// RagaSelection1. Events: 0 open, 1 choose the grid's current row, 2 reload
+// the grid in the order of gSortingMode, 3 sort by the clicked heading,
+// 20 leave.
 void sSelectRaga(std::int16_t event);
 void sInitRagaSelection();
 void sTerminateRagaSelection();
+// Builds the heading grid and the raga grid (column widths from the window
+// width, rows from the store in the order of gSortingMode).
+void sLoadRagaSelectionGrid();
 void sBindRagaSelection1Events(platform::Screen& screen);
 
 // ReviewRagas and RagaInfoSummary share one controller. Events: 0 open the

@@ -6,6 +6,7 @@
 
 #include "browsing/browsing.h"
 #include "screen_harness.h"
+#include "store/queries.h"
 
 namespace {
 
@@ -18,6 +19,7 @@ class BrowsingShell : public ::testing::Test {
                    {kFormRagaInfoSummary, "RagaInfoSummary", sReviewTechnicalData,
                     sBindRagaInfoSummaryEvents}}),
               "");
+    sSetSQLStrings();  // the raga grid runs its query on entry
     screenharness::startAtMainWindow();
   }
 };
