@@ -50,6 +50,11 @@ void sLayOutLists(platform::Screen& form) {
     left = fPlaceColumn(form, "cScaleList", "Label16", left);
   else
     sHideColumn(form, "cScaleList", "Label16");
+  // The mode buttons are placed on the screen, not inside the frame: they
+  // move with it.
+  const float shift = left - form.control("Frame1").left();
+  for (const char* option : {"Option1", "Option2", "Option3"})
+    form.control(option).setLeft(form.control(option).left() + shift);
   fPlaceColumn(form, "Frame1", "Label17", left);
 }
 

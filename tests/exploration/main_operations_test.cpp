@@ -113,6 +113,11 @@ TEST_F(MainOperationsTest, EnteringShowsTheRagasDataListsAndDemoPrompts) {
   EXPECT_EQ(ctl("cPrompts").text().rfind("Using NV Scale with ", 0), 0u);
   EXPECT_FALSE(ctl("cPlay").visible());
   EXPECT_LT(ctl("cNVIllusList").left(), ctl("Frame1").left());
+  // The mode buttons stay inside their frame when it moves.
+  for (const char* option : {"Option1", "Option2", "Option3"}) {
+    EXPECT_GT(ctl(option).left(), ctl("Frame1").left()) << option;
+    EXPECT_LT(ctl(option).left(), ctl("Frame1").left() + ctl("Frame1").width()) << option;
+  }
 }
 
 // The user's own taan and a scale of his make their columns appear, in
