@@ -433,6 +433,22 @@ TEST_F(MainOperationsTest, MenusSwitchKeyboardScriptAndDrone) {
   EXPECT_TRUE(messageTexts().empty());
 }
 
+// In Devanagari the box is read back into English notes, the box's blanks
+// and grace marks kept.
+TEST_F(MainOperationsTest, PracticeInDevanagariPlaysTheBoxAsEnglishNotes) {
+  if (gNotationScript != 1) GTEST_SKIP() << "the notation font is not available";
+  click("Option3");
+  clickItem("Alap");
+  click("Option5");  // the fifth phrase ends on a grace pair
+  click("cPlay");
+  EXPECT_TRUE(messageTexts().empty());
+  ASSERT_EQ(gPlaySet.Count, 3);
+  EXPECT_EQ(gPlaySet.NotePhrases[0], "N<   R   G   M   P");
+  EXPECT_EQ(gPlaySet.NotePhrases[2], "N<'R   S");
+  runOut(program, ctl("cNVIllusList"));
+  EXPECT_TRUE(ctl("cPlay").enabled());
+}
+
 TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
   const std::string prompts = ctl("cPrompts").text();
   sMainOperations(4);
