@@ -28,9 +28,6 @@ constexpr int kPakadKey = 2;
 constexpr int kAlapKey = 3;
 constexpr int kLayakariKey = 4;
 constexpr int kTaanKey = 5;
-constexpr int kCompositionKey = 6;
-constexpr int kSimilarKey = 7;
-constexpr int kFilmKey = 8;
 
 // Types of the composition query.
 constexpr int kSimilarType = 1;
@@ -52,15 +49,16 @@ std::string fCounted(platform::Recordset& table, int key, std::int16_t count) {
   return fCaption(table, key) + "(" + std::to_string(count) + ")";
 }
 
-// Adds "<label> - <name>" for each item of `type` of the raga in `store`;
-// true when the query could be opened (whether or not it had rows).
-bool fAddItems(platform::Control& list, platform::Database& store, int type,
+// Adds "<label> - <name>" for each item of `type` of the raga in `store`.
+// The entries of compositions, similar ragas and film songs use these
+// labels rather than the class captions, since the name is read back from
+// the words after the dash.
+void sAddItems(platform::Control& list, platform::Database& store, int type,
                const std::string& label) {
   sPatchSQLStr7(gCurrRagaId, type);
   auto rs = fOpenQuery(store, gSQLStr7);
-  if (!rs) return false;
+  if (!rs) return;
   for (; !rs->eof(); rs->moveNext()) list.addItem(label + " - " + rs->field("Add Info").asText());
-  return true;
 }
 
 }  // namespace
@@ -79,14 +77,11 @@ void sLoadSystemIllustratinsList() {
     list.addItem(fCounted(*table, kLayakariKey, fLayakariCount(gCurrRagaId, kLibrary)));
   if (fHasTaan(gCurrRagaId, kLibrary) == kTrue)
     list.addItem(fCounted(*table, kTaanKey, fTaanCount(gCurrRagaId, kLibrary)));
-  fCaption(*table, kCompositionKey);
-  fAddItems(list, *gDbA, kCompositionType, "Composition");
-  fCaption(*table, kSimilarKey);
+  sAddItems(list, *gDbA, kCompositionType, "Composition");
   if (fHasSimilarRagas(gCurrRagaId, kLibrary) == kTrue)
-    fAddItems(list, *gDbA, kSimilarType, "Similar Raga");
-  fCaption(*table, kFilmKey);
+    sAddItems(list, *gDbA, kSimilarType, "Similar Raga");
   if (fHasFilmSongs(gCurrRagaId, kLibrary) == kTrue)
-    fAddItems(list, *gDbA, kFilmType, "Film Song");
+    sAddItems(list, *gDbA, kFilmType, "Film Song");
   list.setVisible(true);
 }
 
@@ -110,7 +105,7 @@ std::int16_t fLoadUserIllustrationsList() {
     shown = kTrue;
   }
   if (fHasCompositions(gCurrRagaId, kUser) == kTrue) {
-    fAddItems(list, *gDbB, kCompositionType, "Composition");
+    sAddItems(list, *gDbB, kCompositionType, "Composition");
     shown = kTrue;
   }
   return shown;
