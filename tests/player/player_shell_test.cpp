@@ -6,6 +6,7 @@
 #include "exploration/exploration.h"
 #include "player/player.h"
 #include "screen_harness.h"
+#include "store/queries.h"
 
 namespace {
 
@@ -19,6 +20,7 @@ class PlayerShell : public ::testing::Test {
                     sBindPlayComposition1Events}}),
               "");
     screenharness::startAtMainWindow();
+    sSetSQLStrings();  // the screens it passes through run their queries on entry
     gCurrMusicSetId = 3;
     gCurrTonicNoteId = 3;
   }
