@@ -6,11 +6,11 @@
 // whole Play path should stay under 30 ms. Filling the buffer alone is
 // measured too, to show where the time goes.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <filesystem>
 #include <string>
 
+#include "bench_library_copy.h"
 #include "control/session.h"
 #include "notation/tokenizer.h"
 #include "notation/vocabulary.h"
@@ -36,25 +36,10 @@ namespace {
 // directory. Removed when the benchmark ends.
 class BenchSession {
  public:
-  BenchSession()
-      : dir_(fs::temp_directory_path() / ("nadavik-music-bench-" + std::to_string(::getpid()))) {
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-    fs::copy_file(NADAVIK_BENCH_LIBRARY_STORE, dir_ / "mrA.nvy");
-    gDbA = platform::defaultWorkspace().openDatabase((dir_ / "mrA.nvy").string(), true, true, "");
+  BenchSession() : dir_(benchsupport::openLibraryCopy("music-bench", NADAVIK_BENCH_LIBRARY_STORE)) {
     platform::setWindowSystem(&windows_);
-    gSynthNames = "ce";
-    gMainSetName = "c";
-    gDroneSetName = "e";
-    gCurrMusicSetId = 3;
-    gCurrTonicNoteId = 3;
-    gCurrDroneType = 1;
-    gCurrDroneFactor = 1.0;
-    gDroneMode = 1;
-    gThekaInstrument = 4;
-    gInstrLibFiles = {"", "", "", NADAVIK_BENCH_KIT_FILE, ""};
-    gWavFiles = {(dir_ / "A.wav").string(), (dir_ / "B.wav").string(),
-                 (dir_ / "C.wav").string(), ""};
+    benchsupport::setSoundDefaults();
+    benchsupport::setMusicFileDefaults(dir_, NADAVIK_BENCH_KIT_FILE);
     gCurrItemType = 1;
     gCurrPhraseKind = 1;
     gCurrMode = 1;
@@ -64,11 +49,7 @@ class BenchSession {
     sInitScales();
     started_ = fStartSoundLibrary();
   }
-  ~BenchSession() {
-    gDbA->close();
-    gDbA.reset();
-    fs::remove_all(dir_);
-  }
+  ~BenchSession() { benchsupport::closeLibraryCopy(dir_); }
   bool ready() const { return started_ && windows_.messages.empty(); }
 
  private:

@@ -17,7 +17,6 @@
 // note but each phrase's first, which is shown as its file opens), and the
 // mean, 95th percentile and largest lag in ms.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <QApplication>
 #include <QElapsedTimer>
@@ -30,6 +29,7 @@
 #include <string>
 #include <vector>
 
+#include "bench_library_copy.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/session.h"
@@ -89,16 +89,13 @@ void benchController(std::int16_t event) {
 // the library with the most notes in gPhraseSet at the fastest tempo.
 class BenchStage {
  public:
-  BenchStage() : dir_(fs::temp_directory_path() / ("nadavik-play-bench-" + std::to_string(::getpid()))) {
+  BenchStage() {
     if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
     static int argc = 1;
     static char name[] = "playback_bench";
     static char* argv[] = {name, nullptr};
     app_ = std::make_unique<QApplication>(argc, argv);
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-    fs::copy_file(NADAVIK_BENCH_LIBRARY_STORE, dir_ / "mrA.nvy");
-    gDbA = platform::defaultWorkspace().openDatabase((dir_ / "mrA.nvy").string(), true, true, "");
+    dir_ = benchsupport::openLibraryCopy("play-bench", NADAVIK_BENCH_LIBRARY_STORE);
     windows_ = std::make_unique<platform::QtWindowSystem>(NADAVIK_SCREENS_DIR);
     windows_->setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
     windows_->setMessageBoxResponder([this](const std::string& text, int, const std::string&) {
@@ -121,10 +118,8 @@ class BenchStage {
   }
   ~BenchStage() {
     gCurrForm = nullptr;
-    gDbA->close();
-    gDbA.reset();
     windows_.reset();
-    fs::remove_all(dir_);
+    benchsupport::closeLibraryCopy(dir_);
   }
   bool ready() const { return started_ && messages_.empty() && gPhraseSet.Count > 0; }
   int noteCount() const { return notes_; }
@@ -151,18 +146,8 @@ class BenchStage {
 
  private:
   void setSession() {
-    gSynthNames = "ce";
-    gMainSetName = "c";
-    gDroneSetName = "e";
-    gCurrMusicSetId = 3;
-    gCurrTonicNoteId = 3;
-    gCurrDroneType = 1;
-    gCurrDroneFactor = 1.0;
-    gDroneMode = 1;
-    gThekaInstrument = 4;
-    gInstrLibFiles = {"", "", "", NADAVIK_BENCH_KIT_FILE, ""};
-    gWavFiles = {(dir_ / "A.wav").string(), (dir_ / "B.wav").string(), (dir_ / "C.wav").string(),
-                 ""};
+    benchsupport::setSoundDefaults();
+    benchsupport::setMusicFileDefaults(dir_, NADAVIK_BENCH_KIT_FILE);
     gCurrItemType = 3;
     gCurrPhraseKind = 3;
     gCurrMode = 1;

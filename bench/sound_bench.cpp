@@ -3,10 +3,10 @@
 // music set or drone type costs), the same with the drone prepared, and a
 // scale shift retuning both sets by ratios.
 #include <benchmark/benchmark.h>
-#include <unistd.h>
 
 #include <filesystem>
 
+#include "bench_library_copy.h"
 #include "control/session.h"
 #include "platform/screen.h"
 #include "platform/store.h"
@@ -28,29 +28,14 @@ namespace {
 // sets declared. Removed when the benchmark ends.
 class BenchStore {
  public:
-  BenchStore()
-      : dir_(fs::temp_directory_path() / ("nadavik-sound-bench-" + std::to_string(::getpid()))) {
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-    fs::copy_file(NADAVIK_BENCH_LIBRARY_STORE, dir_ / "mrA.nvy");
-    gDbA = platform::defaultWorkspace().openDatabase((dir_ / "mrA.nvy").string(), true, true, "");
+  BenchStore() : dir_(benchsupport::openLibraryCopy("sound-bench", NADAVIK_BENCH_LIBRARY_STORE)) {
     platform::setWindowSystem(&windows_);
-    gMainSetName = "c";
-    gDroneSetName = "e";
-    gCurrMusicSetId = 3;
-    gCurrTonicNoteId = 3;
-    gCurrDroneType = 1;
-    gCurrDroneFactor = 1.0;
-    gDroneMode = 1;
+    benchsupport::setSoundDefaults();
     sSetSQLStrings();
     FWavSetGlobalVariables("ce");
     FWavSetCurrInstr("c");
   }
-  ~BenchStore() {
-    gDbA->close();
-    gDbA.reset();
-    fs::remove_all(dir_);
-  }
+  ~BenchStore() { benchsupport::closeLibraryCopy(dir_); }
   bool quiet() const { return windows_.messages.empty(); }
 
  private:

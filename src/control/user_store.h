@@ -6,5 +6,6 @@
 
 void sEnsureUserStore(const std::string& path);
 
-// The schema text of the user store (generated from schema_user.sql).
+// The schema text of the user store (generated from schema_user.sql and
+// schema_shared.sql).
 extern const char* const kUserStoreSchema;

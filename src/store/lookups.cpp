@@ -39,12 +39,20 @@ std::unique_ptr<platform::Recordset> openTable(platform::Database& store, const 
 
 std::int16_t asFlag(bool found) { return found ? kTrue : kFalse; }
 
-std::int16_t hasPhrases(std::int16_t ragaId, std::int16_t store, PhraseType type) {
+// The raga's phrases of one type, sought in the given store; null when
+// that store is not open.
+std::unique_ptr<platform::Recordset> seekPhrases(std::int16_t ragaId, std::int16_t store,
+                                                 PhraseType type) {
   platform::Database* db = fDatabaseFor(store);
-  if (!db) return kFalse;
+  if (!db) return nullptr;
   auto rs = openTable(*db, "Raga - ALT Phrases");
   sSetTablePKRecord2(*rs, ragaId, static_cast<int>(type));
-  return asFlag(!rs->noMatch());
+  return rs;
+}
+
+std::int16_t hasPhrases(std::int16_t ragaId, std::int16_t store, PhraseType type) {
+  auto rs = seekPhrases(ragaId, store, type);
+  return asFlag(rs && !rs->noMatch());
 }
 
 std::int16_t hasItems(std::int16_t ragaId, std::int16_t store, AddInfoType type) {
@@ -56,11 +64,8 @@ std::int16_t hasItems(std::int16_t ragaId, std::int16_t store, AddInfoType type)
 }
 
 std::int16_t phraseCount(std::int16_t ragaId, std::int16_t store, PhraseType type) {
-  platform::Database* db = fDatabaseFor(store);
-  if (!db) return 0;
-  auto rs = openTable(*db, "Raga - ALT Phrases");
-  sSetTablePKRecord2(*rs, ragaId, static_cast<int>(type));
-  return fParseString(rs->field("NotesPhrase").asText(), ",");
+  auto rs = seekPhrases(ragaId, store, type);
+  return rs ? fParseString(rs->field("NotesPhrase").asText(), ",") : 0;
 }
 
 // Moves to the last row for the count, then back to the first; 0 when empty.

@@ -1,7 +1,8 @@
 -- Schema of the library store mrA.nvy: ragas, talas, phrases, compositions,
 -- prompts, tips, screen layout and sound seeds. The build tool nvstore-build
--- runs this file on an empty store and then fills it from the content
--- sources; the program opens the result read-only.
+-- runs this file and then schema_shared.sql (the tables the user store holds
+-- too) on an empty store and fills it from the content sources; the program
+-- opens the result read-only.
 -- Key columns use plain rowid tables with a PRIMARY KEY constraint, which the
 -- store engine finds under the index name "PrimaryKey"; the other indexes
 -- carry the names the program seeks them by. Names that are sought compare
@@ -40,42 +41,6 @@ CREATE TABLE "Raga - Notes" (
   "Raga Index" INTEGER NOT NULL,
   "Raga Note Ids" TEXT,
   PRIMARY KEY ("Raga Index")
-);
-
-CREATE TABLE "Raga - ALT Phrases" (
-  "RagaIndex" INTEGER NOT NULL,
-  "PhraseType" INTEGER NOT NULL,
-  "NotesPhrase" TEXT,
-  "DurationPhrase" TEXT,
-  PRIMARY KEY ("RagaIndex", "PhraseType")
-);
-
-CREATE TABLE "Raga - Additional Information" (
-  "Raga Index" INTEGER NOT NULL,
-  "Add Info" TEXT COLLATE NOCASE NOT NULL,
-  "Add Info Type" INTEGER NOT NULL,
-  "Notation Index" INTEGER,
-  PRIMARY KEY ("Raga Index", "Add Info", "Add Info Type")
-);
-CREATE INDEX "AddInfoType" ON "Raga - Additional Information" ("Raga Index", "Add Info Type");
-CREATE INDEX "CompositionId" ON "Raga - Additional Information" ("Notation Index");
-
-CREATE TABLE "Raga - Composition Notations" (
-  "Notation Index" INTEGER NOT NULL,
-  "Composition Part" INTEGER NOT NULL,
-  "Raga Index" INTEGER,
-  "CompositionMukhada" TEXT,
-  "CompositionType" TEXT,
-  "CompositionTempo" TEXT,
-  "CompositionText" TEXT,
-  "Syllables" TEXT,
-  "SyllableDuration" TEXT,
-  "Notation" TEXT,
-  "NotesDuration" TEXT,
-  "Tala Id" INTEGER,
-  "Starting Beat" INTEGER,
-  "Playing Speed" INTEGER,
-  PRIMARY KEY ("Notation Index", "Composition Part")
 );
 
 CREATE TABLE "Tala - Technical Information" (
@@ -182,41 +147,6 @@ CREATE TABLE "ONPRSets" (
   "25" REAL,
   "26" REAL,
   PRIMARY KEY ("TonicNoteId", "InstrumentType")
-);
-
-CREATE TABLE "ONPR" (
-  "NPSetId" INTEGER NOT NULL,
-  "InstrumentType" INTEGER NOT NULL,
-  "NPSetName" TEXT,
-  "TonicNoteId" INTEGER,
-  "00" REAL,
-  "01" REAL,
-  "02" REAL,
-  "03" REAL,
-  "04" REAL,
-  "05" REAL,
-  "06" REAL,
-  "07" REAL,
-  "08" REAL,
-  "09" REAL,
-  "10" REAL,
-  "11" REAL,
-  "12" REAL,
-  "13" REAL,
-  "14" REAL,
-  "15" REAL,
-  "16" REAL,
-  "17" REAL,
-  "18" REAL,
-  "19" REAL,
-  "20" REAL,
-  "21" REAL,
-  "22" REAL,
-  "23" REAL,
-  "24" REAL,
-  "25" REAL,
-  "26" REAL,
-  PRIMARY KEY ("NPSetId", "InstrumentType")
 );
 
 CREATE TABLE "Reed Colors" (

@@ -30,11 +30,18 @@ bool seekPart(Recordset& parts, std::int32_t notationIndex, int part) {
   return !parts.noMatch();
 }
 
-void readFirstPart(const Recordset& row, std::int32_t notationIndex) {
-  CompPartRecord& part = gCompInfo[0];
+// The working record of part `partNumber` (1 or 2) of notationIndex, its
+// keys filled in for the current raga.
+CompPartRecord& startPart(int partNumber, std::int32_t notationIndex) {
+  CompPartRecord& part = gCompInfo[static_cast<std::size_t>(partNumber - 1)];
   part.NotationIndex = notationIndex;
-  part.Part = 1;
+  part.Part = static_cast<std::int16_t>(partNumber);
   part.RagaId = gCurrRagaId;
+  return part;
+}
+
+void readFirstPart(const Recordset& row, std::int32_t notationIndex) {
+  CompPartRecord& part = startPart(1, notationIndex);
   part.Mukhada = row.field("CompositionMukhada").asText();
   part.Notation = row.field("Notation").asText();
   part.NotesDuration = row.field("NotesDuration").asText();
@@ -52,10 +59,7 @@ void readFirstPart(const Recordset& row, std::int32_t notationIndex) {
 
 // Part 2 of a composition: every field of its row.
 void readSecondPart(const Recordset& row, std::int32_t notationIndex) {
-  CompPartRecord& part = gCompInfo[1];
-  part.NotationIndex = notationIndex;
-  part.Part = 2;
-  part.RagaId = gCurrRagaId;
+  CompPartRecord& part = startPart(2, notationIndex);
   part.Mukhada = row.field("CompositionMukhada").asText();
   part.Text = row.field("CompositionText").asText();
   part.Syllables = row.field("Syllables").asText();
@@ -70,10 +74,7 @@ void readSecondPart(const Recordset& row, std::int32_t notationIndex) {
 // A similar raga's row holds both ragas' phrases: the current raga's one
 // (its syllable columns) becomes part 2.
 void readCurrentRagaPhrase(const Recordset& row, std::int32_t notationIndex) {
-  CompPartRecord& part = gCompInfo[1];
-  part.NotationIndex = notationIndex;
-  part.Part = 2;
-  part.RagaId = gCurrRagaId;
+  CompPartRecord& part = startPart(2, notationIndex);
   part.Notation = row.field("Syllables").asText();
   part.NotesDuration = row.field("SyllableDuration").asText();
   part.Mukhada = gCurrRagaName;

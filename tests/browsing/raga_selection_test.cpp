@@ -82,8 +82,8 @@ std::string openRagaStore() {
   }
   const std::string path = gDataPath + "/ragas.nvy";
   std::vector<nvstore::SourceError> errors;
-  if (!nvstore::writeStoreFile(path, screenharness::readText(NADAVIK_LIBRARY_SCHEMA),
-                               "schema_library.sql", rows, errors))
+  if (!nvstore::writeStoreFile(path, screenharness::libraryStoreSchema(), "schema_library.sql",
+                               rows, errors))
     return errors.empty() ? "store not written" : errors.front().text();
   gDbA = std::make_unique<platform::sqlite::SqliteDatabase>(path, false, true);
   return "";

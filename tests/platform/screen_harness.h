@@ -40,6 +40,12 @@ inline std::string readText(const std::string& path) {
   return text.str();
 }
 
+// The library store's schema: its own tables, then those it shares with
+// the user store, as the build joins them.
+inline std::string libraryStoreSchema() {
+  return readText(NADAVIK_LIBRARY_SCHEMA) + "\n" + readText(NADAVIK_SHARED_SCHEMA);
+}
+
 // Compiles the layout rows of every screen file into a fresh library store
 // in a temporary folder and opens it read-only as gDbA. Returns an error
 // text, empty on success.
@@ -53,8 +59,8 @@ inline std::string openLayoutStore(const std::string& folder) {
   }
   const std::string storePath = folder + "/mrA.nvy";
   std::vector<nvstore::SourceError> errors;
-  if (!nvstore::writeStoreFile(storePath, readText(NADAVIK_LIBRARY_SCHEMA), "schema_library.sql",
-                               rows, errors))
+  if (!nvstore::writeStoreFile(storePath, libraryStoreSchema(), "schema_library.sql", rows,
+                               errors))
     return errors.empty() ? "store not written" : errors.front().text();
   gDbA = std::make_unique<platform::sqlite::SqliteDatabase>(storePath, false, true);
   // Closed and removed before the store engine's own statics go at exit.

@@ -109,7 +109,8 @@ void SoundStoreTest::SetUp() {
   fs::create_directories(dir_);
   fs::copy_file(NADAVIK_TEST_LIBRARY_STORE, dir_ / "mrA.nvy");
   platform::defaultWorkspace().createDatabase((dir_ / "mrB.nvy").string(),
-                                              readText(NADAVIK_TEST_USER_SCHEMA));
+                                              readText(NADAVIK_TEST_USER_SCHEMA) + "\n" +
+                                                  readText(NADAVIK_TEST_SHARED_SCHEMA));
   gDbB = openStore(dir_ / "mrB.nvy", false);
   gDbB->execute(userSetRows());
   gDbA = openStore(dir_ / "mrA.nvy", true);

@@ -87,8 +87,9 @@ TestStores::TestStores() {
   std::string pattern = (std::filesystem::temp_directory_path() / "nvqueriesXXXXXX").string();
   if (!mkdtemp(pattern.data())) throw std::runtime_error("no temporary directory");
   dir_ = pattern;
-  buildStore(dir_ / "mrA.nvy", schema("schema_library.sql") + kLibraryRows);
-  buildStore(dir_ / "mrB.nvy", schema("schema_user.sql") + kUserRows);
+  const std::string shared = schema("schema_shared.sql");
+  buildStore(dir_ / "mrA.nvy", schema("schema_library.sql") + shared + kLibraryRows);
+  buildStore(dir_ / "mrB.nvy", schema("schema_user.sql") + shared + kUserRows);
   gDbA = platform::defaultWorkspace().openDatabase(dir_ / "mrA.nvy", true, true, "");
   gDbB = platform::defaultWorkspace().openDatabase(dir_ / "mrB.nvy", true, false, "");
 }

@@ -1,6 +1,6 @@
 // End-to-end tests of the nvstore-build program: a store built from a
-// small source tree, the depfile it writes, a failing source, and a user
-// store that is made once and then left alone.
+// small source tree, the depfile it writes, a second schema file, a failing
+// source, and a user store that is made once and then left alone.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -117,6 +117,25 @@ TEST_F(NvstoreBuild, KeepExistingLeavesAUserStoreAlone) {
   write("mrA.nvy", "the user's own data");
   EXPECT_EQ(run(args), 0);
   EXPECT_EQ(read("mrA.nvy"), "the user's own data");
+}
+
+TEST_F(NvstoreBuild, ASecondSchemaAddsItsTablesAndCountsAsASource) {
+  write("shared.sql", "CREATE TABLE Prompts (\"Prompt Id\" INTEGER NOT NULL, Prompt TEXT, "
+                      "PRIMARY KEY (\"Prompt Id\"));");
+  write("content/prompts.rec", "[Prompts]\nPrompt Id = 1\nPrompt = Listen\n");
+  const std::string shared = "--schema " + (dir / "shared.sql").string() + " ";
+  ASSERT_EQ(run(shared + libraryArgs()), 0) << read("out.txt");
+  EXPECT_EQ(scalar("SELECT Prompt FROM Prompts"), "Listen");
+  EXPECT_EQ(scalar("SELECT \"Tala Name\" FROM \"Tala - Technical Information\""), "Dadra");
+  EXPECT_NE(read("mrA.d").find((dir / "shared.sql").string()), std::string::npos);
+}
+
+TEST_F(NvstoreBuild, AMissingSchemaFailsAndIsNamed) {
+  const std::string missing = (dir / "missing.sql").string();
+  EXPECT_EQ(run("--schema " + missing + " " + libraryArgs()), 1);
+  EXPECT_NE(read("out.txt").find(missing + ":0: cannot read the schema"), std::string::npos)
+      << read("out.txt");
+  EXPECT_FALSE(fs::exists(dir / "mrA.nvy"));
 }
 
 TEST_F(NvstoreBuild, BadArgumentsShowTheUsage) {

@@ -1,9 +1,11 @@
 // nvstore-build: compiles a store file from its schema and readable sources.
 //
-//   nvstore-build --schema <schema.sql> --out <store> [--content <folder>]
-//                 [--screens <folder>] [--depfile <file>] [--keep-existing]
-//                 [more.rec ...]
+//   nvstore-build --schema <schema.sql> [--schema <more.sql> ...] --out <store>
+//                 [--content <folder>] [--screens <folder>] [--depfile <file>]
+//                 [--keep-existing] [more.rec ...]
 //
+// The schema files run in the order given, as one script (a store's own
+// tables and those it shares with the other store).
 // Every *.rec under --content, every *.screen under --screens (their layout
 // rows) and each record file named on the line go into the store. Faults are
 // printed as "file:line: message" and end the program with status 1, so the
@@ -11,6 +13,7 @@
 // (the user store is made once and then belongs to the user). --depfile
 // writes the sources and their folders for the build system, so that
 // editing, adding or removing a source rebuilds the store.
+#include <algorithm>
 #include <cstdio>
 #include <fstream>
 #include <filesystem>
@@ -26,7 +29,8 @@
 namespace {
 
 struct Options {
-  std::string schema, out, content, screens, depfile;
+  std::string out, content, screens, depfile;
+  std::vector<std::string> schemas;
   bool keepExisting = false;
   std::vector<std::string> extraRecords;
 };
@@ -40,7 +44,7 @@ bool parseOptions(int argc, char** argv, Options& o) {
       return true;
     };
     bool ok = true;
-    if (a == "--schema") ok = next(o.schema);
+    if (a == "--schema") ok = next(o.schemas.emplace_back());
     else if (a == "--out") ok = next(o.out);
     else if (a == "--content") ok = next(o.content);
     else if (a == "--screens") ok = next(o.screens);
@@ -50,7 +54,9 @@ bool parseOptions(int argc, char** argv, Options& o) {
     else o.extraRecords.push_back(a);
     if (!ok) return false;
   }
-  return !o.schema.empty() && !o.out.empty();
+  const auto named = [](const std::string& schema) { return !schema.empty(); };
+  return !o.schemas.empty() && std::all_of(o.schemas.begin(), o.schemas.end(), named) &&
+         !o.out.empty();
 }
 
 // Escapes a path for a make-style depfile.
@@ -83,17 +89,23 @@ void add(nvstore::RecordFile&& part, std::vector<nvstore::Row>& rows,
 int main(int argc, char** argv) {
   Options o;
   if (!parseOptions(argc, argv, o)) {
-    std::cerr << "usage: nvstore-build --schema <schema.sql> --out <store> [--content <folder>]\n"
-                 "       [--screens <folder>] [--depfile <file>] [--keep-existing] [more.rec ...]\n";
+    std::cerr << "usage: nvstore-build --schema <schema.sql> [--schema <more.sql> ...] --out <store>\n"
+                 "       [--content <folder>] [--screens <folder>] [--depfile <file>]\n"
+                 "       [--keep-existing] [more.rec ...]\n";
     return 2;
   }
   if (o.keepExisting && std::filesystem::exists(o.out)) return 0;
 
   std::vector<nvstore::Row> rows;
   std::vector<nvstore::SourceError> errors;
-  std::vector<std::string> inputs{o.schema};
-  std::string schemaSql;
-  if (!nvstore::readText(o.schema, schemaSql)) errors.push_back({o.schema, 0, "cannot read the schema"});
+  std::vector<std::string> inputs = o.schemas;
+  std::string schemaSql, schemaName;
+  for (const std::string& schema : o.schemas) {
+    std::string text;
+    if (!nvstore::readText(schema, text)) errors.push_back({schema, 0, "cannot read the schema"});
+    schemaSql += text + "\n";
+    schemaName += (schemaName.empty() ? "" : " + ") + schema;
+  }
 
   std::vector<std::string> records = nvstore::filesUnder(o.content, ".rec");
   records.insert(records.end(), o.extraRecords.begin(), o.extraRecords.end());
@@ -109,7 +121,7 @@ int main(int argc, char** argv) {
   }
   if (!o.depfile.empty() && !writeDepfile(o, inputs)) errors.push_back({o.depfile, 0, "cannot write"});
 
-  if (errors.empty()) nvstore::writeStoreFile(o.out, schemaSql, o.schema, rows, errors);
+  if (errors.empty()) nvstore::writeStoreFile(o.out, schemaSql, schemaName, rows, errors);
   for (const auto& e : errors) std::cerr << e.text() << "\n";
   if (!errors.empty()) {
     std::cerr << "nvstore-build: " << errors.size() << " error(s); " << o.out << " not written\n";
