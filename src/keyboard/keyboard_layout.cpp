@@ -139,9 +139,13 @@ void sKeyboardDisplayOff(platform::Screen& form) {
   sSetAllReedLabelColorToDefault(form);
 }
 
+// Shows the keyboard with the labels of the tonic and script in force, so
+// that every screen that shows it (on entry, after a tonic or script change)
+// names its reeds.
 void sKeyBoardDisplayOn(platform::Screen& form, std::int16_t show) {
   NV_PROC("sKeyBoardDisplayOn");
   sDisplayKeyboardAlt(form, show);
+  sUpdateReedLabelsAlt(form);
   const bool keepsNotes = gCallbackContext == kContextWorkbench ||
                           gCallbackContext == kContextScaleShifting ||
                           gCallbackContext == kContextSampler;

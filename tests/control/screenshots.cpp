@@ -9,10 +9,25 @@
 #include <string>
 
 #include "control/session.h"
+#include "exploration/exploration.h"
+#include "store/lookups.h"
+#include "store/working_record.h"
 #include "platform/qt/qt_screen.h"
 #include "program_harness.h"
 
 namespace {
+
+// Clicks the entry of the exploration screen's item list that begins with
+// `start`.
+void clickItem(ProgramHarness& p, const std::string& start) {
+  platform::Control& list = p.screen("MainOperations").control("cNVIllusList");
+  for (int i = 0; i < list.listCount(); ++i) {
+    if (list.list(i).rfind(start, 0) != 0) continue;
+    list.setListIndex(i);
+    p.fire("MainOperations", "cNVIllusList", platform::EventKind::Click);
+    return;
+  }
+}
 
 void save(ProgramHarness& p, const std::string& screen, const std::string& file) {
   auto& s = static_cast<platform::QtScreen&>(p.screen(screen));
@@ -57,6 +72,28 @@ int main(int argc, char** argv) {
     save(p, screen, out + "/" + screen + "-" + size + ".png");
     p.fire(screen, "cReturn", platform::EventKind::Click);
   }
+  // Yaman on the exploration screen: its aroha in Demo halfway through, in
+  // English and in Devanagari, and its alap in Learning.
+  p.fire("Nadavik", "cMnuExpRag", platform::EventKind::Click);
+  gCurrRagaId = 1;
+  gCurrRagaName = fGetRagaName(1);
+  sSetupForCurrRaga();
+  sMainOperations(0);
+  for (const char* script : {"cMnuEng", "cMnuDev"}) {
+    p.fire("MainOperations", script, platform::EventKind::Click);
+    clickItem(p, "Aroha");
+    p.clock().advance(2500);
+    save(p, "MainOperations",
+         out + "/MainOperations-demo-" + (script[4] == 'D' ? "devanagari-" : "english-") + size + ".png");
+    p.fire("MainOperations", "cStop", platform::EventKind::Click);
+    p.clock().advance(500);
+  }
+  p.fire("MainOperations", "Option2", platform::EventKind::Click);
+  clickItem(p, "Alap");
+  save(p, "MainOperations", out + "/MainOperations-learning-" + size + ".png");
+  p.fire("MainOperations", "cReturn", platform::EventKind::Click);
+  save(p, "RagaSelection1", out + "/RagaSelection1-grid-" + size + ".png");
+  p.fire("RagaSelection1", "cReturn", platform::EventKind::Click);
   save(p, "Nadavik", out + "/main-" + size + ".png");
   p.fire("Nadavik", "cExit", platform::EventKind::Click);
   return 0;
