@@ -10,6 +10,7 @@
 #include "control/session.h"
 #include "platform/audio.h"
 #include "platform/screen.h"
+#include "sound/music_buffers.h"
 #include "sound/play_chain.h"
 
 std::int16_t gFileOpened = 0;
@@ -20,13 +21,26 @@ namespace {
 
 platform::AudioDevice& mediaControl() { return gCurrForm->control("cMM").device(); }
 
+// A file the device refuses ends the run as if its range had ended, after
+// telling the user why, so that the screen gets its Play button back.
+void endRunOnRefusedFile(const platform::AudioDevice& mm, const std::string& file) {
+  sShowMessage("Nadavik could not play the sound file '" + file + "': " + mm.errorMessage() +
+               ". Please check your sound settings, then press Play again.");
+  gLooping = false;
+  gPlaySet.Position = static_cast<std::int16_t>(gPlaySet.LastPhrase + 1);
+  sDoCallback();
+}
+
 void openAndPlay(platform::AudioDevice& mm, const std::string& file) {
   mm.notify = false;
   mm.wait = true;
   mm.shareable = false;
   mm.deviceType = "WaveAudio";
   mm.fileName = file;
-  mm.command("Open");
+  if (!mm.command("Open")) {
+    endRunOnRefusedFile(mm, file);
+    return;
+  }
   mm.notify = true;
   mm.wait = false;
   mm.from = 0;

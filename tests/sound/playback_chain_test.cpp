@@ -4,6 +4,8 @@
 // and the routing of the end of a file.
 #include <gtest/gtest.h>
 
+#include <filesystem>
+
 #include "control/screen_table.h"
 #include "control/screen_manager.h"
 #include "control/session.h"
@@ -129,6 +131,19 @@ TEST(PlaybackChain, AFailedBuildStopsTheChainWithItsMessage) {
   stage().failBuildOfBuffer = 0;
   advance(kPhraseMs + kSettleMs);
   EXPECT_EQ(stage().messages, (std::vector<std::string>{"Error playing music phrases"}));
+}
+
+TEST(PlaybackChain, AFileTheDeviceRefusesEndsTheRunWithAMessage) {
+  reset();
+  preparePlaySet({kPhrase1, kPhrase2, kPhrase3});
+  startChain();
+  advance(700);  // B.wav is built by now; take it away before it is opened
+  std::filesystem::remove(gWavFiles[1]);
+  advance(kPhraseMs + kSettleMs);
+  ASSERT_EQ(stage().messages.size(), 1u);
+  EXPECT_EQ(stage().messages[0].rfind("Nadavik could not play the sound file '", 0), 0u);
+  EXPECT_EQ(stage().events, (Events{kEventRangeEnded}));
+  EXPECT_NE(mm().mode(), platform::kModePlaying);
 }
 
 TEST(PlaybackChain, StopEndsTheRunAndClearsTheBox) {
