@@ -63,7 +63,8 @@ double gPlayStartedCpuMs = 0;
 // noting the moment a command starts it playing.
 class PlayTimingDevice : public platform::AudioDevice {
  public:
-  explicit PlayTimingDevice(std::unique_ptr<platform::AudioDevice> inner) : inner_(std::move(inner)) {
+  explicit PlayTimingDevice(std::unique_ptr<platform::AudioDevice> inner)
+      : inner_(std::move(inner)) {
     inner_->onDone = [this](int code) { if (onDone) onDone(code); };
     inner_->onStatus = [this] { if (onStatus) onStatus(); };
   }
@@ -96,7 +97,8 @@ class PlayTimingDevice : public platform::AudioDevice {
 // The notes (blank-separated words) of one phrase.
 int phraseNotes(const std::string& phrase) {
   int n = 0;
-  for (std::size_t i = 0; i < phrase.size(); ++i) n += phrase[i] != ' ' && (i == 0 || phrase[i - 1] == ' ');
+  for (std::size_t i = 0; i < phrase.size(); ++i)
+    n += phrase[i] != ' ' && (i == 0 || phrase[i - 1] == ' ');
   return n;
 }
 
@@ -128,7 +130,9 @@ class BenchStage {
   int alapNotes() const { return notes_; }
   std::int16_t ragaId() const { return ragaId_; }
   ProgramHarness& program() { return program_; }
-  platform::Control& ctl(const char* name) { return program_.screen("MainOperations").control(name); }
+  platform::Control& ctl(const char* name) {
+    return program_.screen("MainOperations").control(name);
+  }
   const std::vector<RecordedMessage>& messages() const { return program_.messages(); }
 
  private:
@@ -208,8 +212,9 @@ void BM_DemoAlapClickToFirstSound(benchmark::State& state) {
     firstSoundCpuMs += gPlayStartedCpuMs - clickedCpuMs;
     handlerWallMs += std::chrono::duration<double, std::milli>(handledWall - clickedWall).count();
   }
-  state.counters["first_sound_cpu_ms"] = benchmark::Counter(firstSoundCpuMs, benchmark::Counter::kAvgIterations);
-  state.counters["handler_wall_ms"] = benchmark::Counter(handlerWallMs, benchmark::Counter::kAvgIterations);
+  constexpr auto kAverage = benchmark::Counter::kAvgIterations;
+  state.counters["first_sound_cpu_ms"] = benchmark::Counter(firstSoundCpuMs, kAverage);
+  state.counters["handler_wall_ms"] = benchmark::Counter(handlerWallMs, kAverage);
   state.counters["raga_id"] = s.ragaId();
   state.counters["alap_notes"] = s.alapNotes();
   state.counters["alap_phrases"] = gPlaySet.Count;
