@@ -48,11 +48,7 @@ void bindMenu(platform::Screen& s, const char* entry, std::int16_t formId) {
 
 void sBindNadavikEvents(platform::Screen& s) {
   s.on("", EventKind::Load, [&s](const Event&) { onMainLoad(s); });
-  s.on("", EventKind::Resize, [](const Event&) { sResizeForm(); });
-  s.on("", EventKind::Activate, [&s](const Event&) {
-    gFormState = static_cast<std::int16_t>(s.windowState());
-    gResizeEnabled = 1;
-  });
+  sBindResizeAndActivate(s);
   s.on("", EventKind::QueryUnload, onMainQueryUnload);
   s.on("cExit", EventKind::Click, [](const Event&) {
     gCloseReason = 1;

@@ -219,14 +219,18 @@ void sStructuredTermination(std::int16_t levels) {
   }
 }
 
-void sBindCommonScreenEvents(platform::Screen& screen) {
+void sBindResizeAndActivate(platform::Screen& screen) {
   using platform::EventKind;
   screen.on("", EventKind::Resize, [](const platform::Event&) { sResizeForm(); });
   screen.on("", EventKind::Activate, [&screen](const platform::Event&) {
     gFormState = static_cast<std::int16_t>(screen.windowState());
     gResizeEnabled = 1;
   });
-  screen.on("", EventKind::Unload, [](const platform::Event&) {
+}
+
+void sBindCommonScreenEvents(platform::Screen& screen) {
+  sBindResizeAndActivate(screen);
+  screen.on("", platform::EventKind::Unload, [](const platform::Event&) {
     if (gInternalClose != 1) {
       sSetFormParameters();
       sRevertToParentForm();

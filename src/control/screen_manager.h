@@ -38,8 +38,10 @@ void sStructuredTermination(std::int16_t levels);
 void sEnterForm(std::int16_t formId);
 
 // The three events every screen defines for itself (Resize, Activate and
-// the Unload of the close box), bound once when the screen is created.
+// the Unload of the close box), bound once when the screen is created. The
+// main window takes only the first two: it has its own query-unload.
 void sBindCommonScreenEvents(platform::Screen& screen);
+void sBindResizeAndActivate(platform::Screen& screen);
 
 void sEnableAllNVSelections();
 void sDisableNVSelections();
