@@ -4,7 +4,7 @@
 
 #include <unistd.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 
 namespace fs = std::filesystem;

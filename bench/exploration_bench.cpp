@@ -30,7 +30,7 @@
 #include <vector>
 
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "exploration/exploration.h"
 #include "platform/audio.h"
 #include "platform/qt/qt_window_system.h"

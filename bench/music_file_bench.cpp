@@ -11,7 +11,7 @@
 #include <string>
 
 #include "bench_library_copy.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "notation/tokenizer.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"

@@ -32,7 +32,7 @@
 #include "bench_library_copy.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"

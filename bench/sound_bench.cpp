@@ -7,7 +7,7 @@
 #include <filesystem>
 
 #include "bench_library_copy.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "recording_window_system.h"

@@ -10,10 +10,11 @@
 #include <string>
 
 #include "browsing/browsing.h"
-#include "control/errors.h"
+#include "control/raga_setup.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "exploration/exploration.h"
 #include "platform/screen.h"
@@ -112,7 +113,7 @@ void sChooseCurrentRaga() {
   if (gCurrRagaId == 0) return;
   gSelRagaId = gCurrRagaId;
   gSelRagaName = gCurrRagaName;
-  sSetupForCurrRaga();
+  sSetupRagaAndSound();
   sMainOperations(0);
 }
 

@@ -2,9 +2,9 @@
 // of one raga (RagaInfoSummary) opened from it. Keeps no state of its own:
 // the raga at hand is gCurrRagaName.
 #include "browsing/browsing.h"
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/screen.h"
 
 void sInitReviewTechDat() {

@@ -2,13 +2,12 @@
 // written, played and saved. Keeps no state of its own yet.
 #include "composer/composer.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
-
-std::int16_t gCompListMode = 1;
+#include "sound/play_chain.h"
 
 // Enters the screen with the current screen as its parent and sets the
 // check marks of its menus from the session.
@@ -42,4 +41,5 @@ void sComposer(std::int16_t event) {
 void sBindComposerEvents(platform::Screen& screen) {
   screen.on("cReturn", platform::EventKind::Click, [](const platform::Event&) { sComposer(20); });
   sBindTraceMenuEvents(screen);
+  gPlayScreenProcedures.owners[kContextComposer] = sComposer;
 }

@@ -8,10 +8,6 @@ namespace platform {
 class Screen;
 }
 
-// Which items the item lists show: 1 those with a notation, 2 those
-// without one.
-extern std::int16_t gCompListMode;
-
 // Controller of the screen. Events: 0 open, 20 leave.
 void sComposer(std::int16_t event);
 void sInitComposer();

@@ -1,11 +1,11 @@
 // Event handlers of the main window (form id 1) and of the opening screen
 // shown before it.
-#include "control/messages.h"
+#include "core/messages.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "control/startup.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
 #include "sound/playback.h"

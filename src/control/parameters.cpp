@@ -4,9 +4,9 @@
 #include <charconv>
 #include <functional>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "control/startup.h"
 #include "keyboard/reeds.h"
 #include "notation/vocabulary.h"

@@ -3,14 +3,16 @@
 // leaving screens, the shared menu check marks, the main-window selections.
 #include "control/screen_manager.h"
 
+#include <filesystem>
 #include <map>
 #include <random>
 
-#include "control/error_state.h"
-#include "control/errors.h"
+#include "core/error_state.h"
+#include "core/errors.h"
 #include "control/screen_table.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "control/trace_menu.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "store/positioning.h"
@@ -30,6 +32,22 @@ bool hasTraceMenu(std::int16_t formId) {
     default:
       return false;
   }
+}
+
+// The halt procedure: unloads the screens up the parent chain to the main
+// window, deletes the wave file now playing, and unloads the main window.
+void unloadEveryScreen() {
+  while (gCurrFormId != kFormNadavik) {
+    platform::Screen* leaving = gCurrForm;
+    gInternalClose = 1;
+    if (leaving) leaving->unload();
+    std::int16_t parent = gCurrFormId >= 1 && gCurrFormId <= 28 ? gParentFormIds[gCurrFormId - 1] : 0;
+    gCurrFormId = parent > 0 ? parent : kFormNadavik;
+    sSetCurrFormById();
+  }
+  std::error_code ec;
+  if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
+  if (gCurrForm) gCurrForm->unload();
 }
 
 void setChecked(const char* name, bool on) { gCurrForm->control(name).setChecked(on); }
@@ -136,6 +154,7 @@ void sCreateScreenObjects() {
     if (entry.binder) entry.binder(s);
   }
   gMainMenuForm = fFormById(kFormNadavik);
+  sSetHaltProcedure(unloadEveryScreen);
 }
 
 platform::Screen* fFormById(std::int16_t formId) {

@@ -15,13 +15,14 @@
 #include <filesystem>
 #include <fstream>
 
-#include "control/errors.h"
-#include "control/messages.h"
+#include "core/errors.h"
+#include "core/messages.h"
 #include "control/parameters.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "control/trace_menu.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "control/user_store.h"
 #include "platform/screen.h"
 #include "platform/store.h"

@@ -1,8 +1,7 @@
 // Handlers of the trace menu entries: switch tracing and update the marks.
 #include "control/trace_menu.h"
 
-#include "control/session.h"
-#include "control/trace.h"
+#include "core/session.h"
 #include "platform/screen.h"
 
 void sBindTraceMenuEvents(platform::Screen& screen) {
@@ -15,4 +14,15 @@ void sBindTraceMenuEvents(platform::Screen& screen) {
     gTraceOn = 0;
     sMnuTraceCheck();
   });
+}
+
+void sMnuTraceCheck() {
+  platform::Screen& s = *gCurrForm;
+  if (gTraceEnabled == 0) {
+    s.control("cMnuTraOn").setVisible(false);
+    s.control("cMnuTraOff").setVisible(false);
+    return;
+  }
+  s.control("cMnuTraOn").setChecked(gTraceOn != 0);
+  s.control("cMnuTraOff").setChecked(gTraceOn == 0);
 }

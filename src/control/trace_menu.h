@@ -7,3 +7,7 @@ class Screen;
 }
 
 void sBindTraceMenuEvents(platform::Screen& screen);
+
+// Checks cMnuTraOn or cMnuTraOff of the current screen as tracing is on or
+// off; hides both when the command line did not offer tracing.
+void sMnuTraceCheck();

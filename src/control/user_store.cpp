@@ -3,8 +3,8 @@
 
 #include <filesystem>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 
 void sEnsureUserStore(const std::string& path) {

@@ -5,9 +5,9 @@
 #include <cstdint>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "notation/durations.h"
 #include "notation/phrase_forms.h"
@@ -20,6 +20,7 @@
 #include "sound/notes_list.h"
 #include "sound/phrase_loading.h"
 #include "sound/play_state.h"
+#include "sound/speed_factor.h"
 #include "store/working_record.h"
 
 namespace {
@@ -123,7 +124,7 @@ void sSetUpForLearningModeIllustration() {
   gPhraseSet.FirstPhrase = gPhraseSet.Position;
   gPhraseSet.LastPhrase = gPhraseSet.Position;
   const auto entry = static_cast<std::size_t>(gPhraseSet.Position - 1);
-  gPhraseSet.DurPhrases[entry] = fFactorTimingScript(gPhraseSet.BaseDurPhrases[entry]);
+  gPhraseSet.DurPhrases[entry] = fFactorTimingScript(gPhraseSet.BaseDurPhrases[entry], fCurrSliderValue());
   gPlaySet = gPhraseSet;
   sPrepareCurrentPhrase();
 }
@@ -135,7 +136,7 @@ void sSetUpForPracticeModeIllustrations1() {
   gPracticeSet = PhraseSet{};
   gPracticeSet.Count = static_cast<std::int16_t>(segments.size());
   gPracticeSet.Position = 1;
-  const std::vector<std::string> timing = fWords(fFactorTimingScript(fPracticeTiming(boxText)));
+  const std::vector<std::string> timing = fWords(fFactorTimingScript(fPracticeTiming(boxText), fCurrSliderValue()));
   std::size_t next = 0;
   for (const std::string& segment : segments) {
     const std::string notes = fPracticeSegmentInEnglish(segment);

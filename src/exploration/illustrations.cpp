@@ -4,8 +4,8 @@
 #include <memory>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "platform/screen.h"
 #include "platform/store.h"

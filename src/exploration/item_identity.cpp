@@ -4,8 +4,8 @@
 #include <array>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "notation/text_utils.h"
 #include "platform/screen.h"

@@ -7,10 +7,10 @@
 #include <cstddef>
 #include <string>
 
-#include "control/errors.h"
-#include "control/messages.h"
+#include "core/errors.h"
+#include "core/messages.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "exploration/illustration_setup.h"
 #include "exploration/item_identity.h"
@@ -18,7 +18,7 @@
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
-#include "notation/display.h"
+#include "display/notation_display.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"
 #include "player/player.h"
@@ -296,7 +296,7 @@ std::size_t fWordCount(const std::string& text) {
 // Whether the box can be played: legal notes, not too many of them, and
 // every colon-separated segment holding at least one note.
 bool fIsPlayableNotation(const std::string& text) {
-  if (fWordCount(text) > kMostNotationWords || !fIsLegalNotationPhrase(text)) return false;
+  if (fWordCount(text) > kMostNotationWords || !fIsLegalNotationPhrase(text, gNotationScript)) return false;
   std::string segment;
   for (char c : text + ":") {
     if (c != ':') {

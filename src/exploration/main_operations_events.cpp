@@ -4,7 +4,7 @@
 #include <cstdint>
 
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "control/trace_menu.h"
 #include "exploration/exploration.h"
 #include "exploration/exploration_state.h"
@@ -124,4 +124,5 @@ void sBindMainOperationsEvents(platform::Screen& screen) {
   bindMenus(screen);
   sBindTraceMenuEvents(screen);
   gPlayScreenProcedures.displayPrompt = sDisplayMPPrompt;
+  gPlayScreenProcedures.owners[kContextMainOperations] = sMainOperations;
 }

@@ -4,11 +4,11 @@
 #include <array>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
-#include "notation/display.h"
-#include "notation/fonts.h"
+#include "display/notation_display.h"
+#include "display/fonts.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
 #include "sound/play_buttons.h"

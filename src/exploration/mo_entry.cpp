@@ -3,19 +3,20 @@
 // No state of its own beyond the screen's session values it resets.
 #include "exploration/exploration.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "control/trace_menu.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "exploration/exploration_state.h"
 #include "exploration/illustrations.h"
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
-#include "notation/fonts.h"
+#include "display/fonts.h"
 #include "platform/screen.h"
 #include "sound/play_state.h"
 #include "sound/playback.h"
-#include "store/working_record_display.h"
+#include "display/raga_display.h"
 
 namespace {
 

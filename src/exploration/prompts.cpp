@@ -4,9 +4,9 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "notation/tokenizer.h"
 #include "platform/screen.h"

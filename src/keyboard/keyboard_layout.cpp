@@ -5,8 +5,8 @@
 #include <cmath>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"

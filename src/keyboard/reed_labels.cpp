@@ -1,8 +1,8 @@
 // Reed labels: note names and default colours (see reed_labels.h).
 #include "keyboard/reed_labels.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "keyboard/reeds.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"

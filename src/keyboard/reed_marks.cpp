@@ -3,7 +3,7 @@
 
 #include <string>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"

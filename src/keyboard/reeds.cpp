@@ -1,7 +1,7 @@
 // Fixed tables of the harmonium keyboard (see reeds.h).
 #include "keyboard/reeds.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 
 std::array<std::int16_t, 42> gReedColorType = {};
 std::array<std::int16_t, 13> gFirstReedForTonic = {};

@@ -3,7 +3,7 @@
 
 #include <vector>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 

@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cmath>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 

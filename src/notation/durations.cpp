@@ -6,12 +6,11 @@
 #include <limits>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/phrase_forms.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
-#include "platform/screen.h"
 
 std::int16_t gBaseMatraMs = 0;
 
@@ -90,10 +89,8 @@ std::string fFactorTimingScriptBy(const std::string& script, double factor) {
   return fJoinWords(sections, " , ");
 }
 
-std::string fFactorTimingScript(const std::string& script) {
+std::string fFactorTimingScript(const std::string& script, int slider) {
   NV_PROC("fFactorTimingScript");
-  if (gCurrForm == nullptr) return script;
-  const int slider = gCurrForm->control("cSlider").value();
   if (slider < 0 || slider >= static_cast<int>(gSpeedFactors.size())) {
     sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fFactorTimingScript");
     return script;

@@ -36,9 +36,10 @@ std::string fCreateDurationPhrase(const std::string& phrase, std::int16_t kind);
 // gives "15" for each of its words, joined by one blank.
 std::string fGetTimingScript(std::string& phrase);
 
-// The script at the tempo of the current screen's cSlider: see
-// fFactorTimingScriptBy. A slider value outside 0..18 is a range error.
-std::string fFactorTimingScript(const std::string& script);
+// The script at the tempo of a screen's cSlider value (its factor in
+// gSpeedFactors): see fFactorTimingScriptBy. A slider value outside 0..18 is
+// a range error and leaves the script as it is.
+std::string fFactorTimingScript(const std::string& script, int slider);
 
 // The script at tempo factor f. At exactly 1.0 the script comes back
 // untouched. Otherwise it is rebuilt: sections at ",", words at blanks, each

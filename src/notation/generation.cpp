@@ -6,7 +6,7 @@
 #include <cstdlib>
 #include <limits>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 #include "notation/vocabulary.h"

@@ -11,7 +11,7 @@
 #include <cstdint>
 #include <string>
 
-#include "control/session.h"
+#include "core/session.h"
 
 // "S R G" at tonic 3 gives "12 14 16"; the pair "S'R" gives "1214". A piece
 // that is no note counts as number 0, giving tonic - 3. No range test: at

@@ -3,8 +3,8 @@
 
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 #include "notation/vocabulary.h"
@@ -22,10 +22,10 @@ std::string lastNote(const std::string& word) {
 
 bool fIsColon(const std::string& word) { return word == ":"; }
 
-bool fIsLegalNotationPhrase(const std::string& phrase) {
+bool fIsLegalNotationPhrase(const std::string& phrase, std::int16_t script) {
   NV_PROC("fIsLegalNotationPhrase");
   for (const std::string& word : fSplitWords(phrase, " "))
-    if (!fIsColon(word) && !fIsLegalNote(word)) return false;
+    if (!fIsColon(word) && !fIsLegalNote(word, script)) return false;
   return true;
 }
 
@@ -63,8 +63,9 @@ std::string fPrepareNotationDevnagariString(const std::string& phrase) {
   return fJoinWords(shown, " ");
 }
 
-std::string fPrepareNotesForScript(const std::string& phrase) {
-  std::string notes = gGraceNotes == 1 ? fRemoveGlides(phrase) : phrase;
-  if (gNotationScript == 1) notes = fPrepareNotationDevnagariString(notes);
+std::string fPrepareNotesForScript(const std::string& phrase, std::int16_t script,
+                                   std::int16_t graceNotes) {
+  std::string notes = graceNotes == 1 ? fRemoveGlides(phrase) : phrase;
+  if (script == 1) notes = fPrepareNotationDevnagariString(notes);
   return notes;
 }

@@ -8,14 +8,15 @@
 // choice are read from the session where stated.
 #pragma once
 
+#include <cstdint>
 #include <string>
 
 // True when word is exactly ":".
 bool fIsColon(const std::string& word);
 
 // True when every blank-separated word is ":" or passes fIsLegalNote in the
-// current script. A comma word fails; an empty phrase is legal.
-bool fIsLegalNotationPhrase(const std::string& phrase);
+// script. A comma word fails; an empty phrase is legal.
+bool fIsLegalNotationPhrase(const std::string& phrase, std::int16_t script);
 
 // Splits at every ":", trims each piece of blanks at both ends and joins the
 // non-empty pieces with one blank.
@@ -33,7 +34,8 @@ std::string fPrepareNotationDisplayString(const std::string& phrase);
 // no English note gives nothing). Words joined by one blank.
 std::string fPrepareNotationDevnagariString(const std::string& phrase);
 
-// A note phrase made ready for the current choices, before the display form:
-// glides removed when gGraceNotes is 1, then the Devanagari form when
-// gNotationScript is 1.
-std::string fPrepareNotesForScript(const std::string& phrase);
+// A note phrase made ready for the display choices, before the display form:
+// glides removed when graceNotes is 1 (none), then the Devanagari form when
+// script is 1.
+std::string fPrepareNotesForScript(const std::string& phrase, std::int16_t script,
+                                   std::int16_t graceNotes);

@@ -6,7 +6,7 @@
 #include <cstdio>
 #include <limits>
 
-#include "control/errors.h"
+#include "core/errors.h"
 
 std::string fJoinWords(const std::vector<std::string>& words, const std::string& separator) {
   std::string out;

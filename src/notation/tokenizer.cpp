@@ -3,7 +3,7 @@
 
 #include <limits>
 
-#include "control/errors.h"
+#include "core/errors.h"
 
 std::array<std::int16_t, kParseMaxWords> gParseStart{};
 std::array<std::int16_t, kParseMaxWords> gParseLen{};

@@ -3,8 +3,8 @@
 
 #include <algorithm>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/tokenizer.h"
 
 std::array<std::string, kNoteSlots> gNoteEng;
@@ -70,14 +70,14 @@ void sInitScales() {
   }
 }
 
-std::string fGetStringForNote(std::int16_t noteId) {
+std::string fGetStringForNote(std::int16_t noteId, std::int16_t script) {
   if (noteId < 0 || noteId >= kNoteSlots) {
     sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fGetStringForNote");
     return "";
   }
   const auto slot = static_cast<std::size_t>(noteId);
-  if (gNotationScript == 1) return gNoteDev[slot];
-  if (gNotationScript == 2) return gNoteEng[slot];
+  if (script == 1) return gNoteDev[slot];
+  if (script == 2) return gNoteEng[slot];
   return "";
 }
 
@@ -97,7 +97,7 @@ bool fIsDevnagriNote(const std::string& s) { return findNote(gNoteDev, s) >= 0; 
 std::string fGetDevForEng(const std::string& word) { return translateWord(word, gNoteEng, gNoteDev); }
 std::string fGetEngForDev(const std::string& word) { return translateWord(word, gNoteDev, gNoteEng); }
 
-bool fIsLegalNote(const std::string& word) {
+bool fIsLegalNote(const std::string& word, std::int16_t script) {
   std::string rest = word;
   if (!rest.empty() && rest.front() == ':')
     rest.erase(0, 1);
@@ -105,8 +105,8 @@ bool fIsLegalNote(const std::string& word) {
     rest.pop_back();
   if (std::count(rest.begin(), rest.end(), '\'') >= 2) return false;
   for (const std::string& piece : fSplitWords(rest, "'")) {
-    if (gNotationScript == 1 && !fIsDevnagriNote(piece)) return false;
-    if (gNotationScript == 2 && !fIsEnglishNote(piece)) return false;
+    if (script == 1 && !fIsDevnagriNote(piece)) return false;
+    if (script == 2 && !fIsEnglishNote(piece)) return false;
   }
   return true;
 }

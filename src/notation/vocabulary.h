@@ -23,9 +23,9 @@ extern std::array<std::string, kNoteSlots> gNoteFileNo;  // "00" .. "35"
 // Fills the three tables.
 void sInitScales();
 
-// The note's string in the script gNotationScript (1 Devanagari, 2 English);
-// "" for any other script. An id outside 0..36 is a range error.
-std::string fGetStringForNote(std::int16_t noteId);
+// The note's string in the script (1 Devanagari, 2 English); "" for any
+// other script. An id outside 0..36 is a range error.
+std::string fGetStringForNote(std::int16_t noteId, std::int16_t script);
 
 // Devanagari key-map string, or two-digit number, of one English note;
 // "" when the note is not in the table.
@@ -41,9 +41,9 @@ bool fIsDevnagriNote(const std::string& s);
 std::string fGetDevForEng(const std::string& word);
 std::string fGetEngForDev(const std::string& word);
 
-// Whether a word is a note, or two notes joined by one "'", in the current
-// script, with at most one ":" stuck to it at one end.
-bool fIsLegalNote(const std::string& word);
+// Whether a word is a note, or two notes joined by one "'", in the script
+// (1 Devanagari, 2 English), with at most one ":" stuck to it at one end.
+bool fIsLegalNote(const std::string& word, std::int16_t script);
 
 // "White-7 (B)" .. "Black-5 (A#)" for tonic ids 1 to 12; "" otherwise.
 std::string fGetTonicNoteName(std::int16_t tonicId);

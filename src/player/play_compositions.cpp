@@ -2,11 +2,12 @@
 // its tala grid. Keeps no state of its own yet.
 #include "player/player.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
+#include "sound/play_chain.h"
 
 // Enters the screen with the current screen as its parent and sets the
 // check marks of its menus from the session.
@@ -44,4 +45,5 @@ void sBindPlayComposition1Events(platform::Screen& screen) {
   screen.on("cReturn", platform::EventKind::Click,
             [](const platform::Event&) { sPlayCompositions(20); });
   sBindTraceMenuEvents(screen);
+  gPlayScreenProcedures.owners[kContextComposition] = sPlayCompositions;
 }

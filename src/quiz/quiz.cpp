@@ -2,9 +2,9 @@
 // sample. Keeps no state of its own yet.
 #include "quiz/quiz.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
 

@@ -2,9 +2,9 @@
 // and the notes of stored scales are refined. Keeps no state of its own yet.
 #include "scales/scales.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
 

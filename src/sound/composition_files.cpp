@@ -2,9 +2,9 @@
 // composition_files.h).
 #include "sound/composition_files.h"
 
-#include "control/errors.h"
-#include "control/session.h"
-#include "player/composition_prep.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "sound/composition_prep.h"
 #include "sound/music_buffers.h"
 #include "sound/music_file.h"
 #include "sound/notes_list.h"

@@ -2,12 +2,11 @@
 // state of its own; see drone.h for the session variables it uses.
 #include "sound/drone.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "sound/sound_state.h"
 #include "sound/step_result.h"
 #include "sound/tuning_math.h"
-#include "store/positioning.h"
 #include "tonvex/tonvex.h"
 
 namespace {
@@ -31,12 +30,9 @@ std::int16_t fBuildDroneData() {
   return fStepFailed(result, "Error in FWavLoadDroneData") ? 0 : 1;
 }
 
-void sAdjustDroneType(platform::Recordset& recordset) {
+void sAdjustDroneType(std::int32_t droneType) {
   NV_PROC("sAdjustDroneType");
-  sSetTablePKRecord(recordset, static_cast<int>(gCurrRagaId));
-  if (recordset.noMatch()) return;
-  const auto droneType = static_cast<std::int32_t>(recordset.field("DroneType").asInteger());
-  if (droneType == gCurrDroneType) return;
+  if (droneType == 0 || droneType == gCurrDroneType) return;
   gCurrDroneType = droneType;
   fStepFailed(fBuildDroneData(), "Error in loading drone data");
 }

@@ -6,18 +6,17 @@
 
 #include <cstdint>
 
-#include "platform/store.h"
 
 // Hands the drone's parameters to the library: in mode 1 (the one in use)
 // the upper S (tonic + 21) as the drone's note, in mode 2 the middle S
 // (tonic + 9). 1 on success; 0 after "Error in FWavLoadDroneData".
 std::int16_t fBuildDroneData();
 
-// Positions the open "Raga - Technical Information" table on gCurrRagaId
-// and, when the raga's drone type differs from gCurrDroneType, takes it and
-// rebuilds the drone ("Error in loading drone data" on failure). A raga with
-// the same drone type, or none in the table, changes nothing.
-void sAdjustDroneType(platform::Recordset& recordset);
+// When a raga's drone type (as the library stores it; 0 for a raga missing
+// from the library) differs from gCurrDroneType, takes it and rebuilds the
+// drone ("Error in loading drone data" on failure). The same drone type, or
+// 0, changes nothing.
+void sAdjustDroneType(std::int32_t droneType);
 
 // The drone factor after one loudness step: +1 adds 0.1 while the factor
 // is below 1.5, -1 takes off 0.1 while it is above 0.5; otherwise it stays.

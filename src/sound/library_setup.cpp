@@ -3,8 +3,8 @@
 
 #include <cstddef>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "sound/music_set.h"
 #include "sound/step_result.h"
 #include "tonvex/tonvex.h"

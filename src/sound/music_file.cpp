@@ -6,9 +6,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "notation/text_utils.h"
 #include "sound/music_buffers.h"
 #include "sound/speed_factor.h"

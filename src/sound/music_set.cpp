@@ -1,8 +1,8 @@
 // Loading, tuning and naming the music set in use. Keeps no state of its own.
 #include "sound/music_set.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/vocabulary.h"
 #include "sound/drone.h"
 #include "sound/onpr_rows.h"

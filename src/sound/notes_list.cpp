@@ -6,8 +6,8 @@
 #include <string>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/durations.h"
 #include "notation/generation.h"
 #include "notation/phrase_forms.h"

@@ -4,8 +4,8 @@
 
 #include <cstdio>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "sound/tuning_math.h"
 #include "store/positioning.h"
 

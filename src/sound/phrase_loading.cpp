@@ -3,13 +3,14 @@
 
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
-#include "notation/display.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "display/notation_display.h"
 #include "notation/durations.h"
 #include "notation/phrase_forms.h"
 #include "sound/music_buffers.h"
 #include "sound/play_state.h"
+#include "sound/speed_factor.h"
 #include "store/working_record.h"
 #include "store/working_record_comp.h"
 
@@ -63,7 +64,7 @@ void loadAltPhrases(std::int16_t kind) {
 std::string compositionDurations(const CompPartRecord& part) {
   gBaseMatraMs = part.PlayingSpeed;
   const std::string durations = fConvertMatraToDuration(part.NotesDuration, gBaseMatraMs);
-  return gCurrMode == 2 || gCurrMode == 3 ? fFactorTimingScript(durations) : durations;
+  return gCurrMode == 2 || gCurrMode == 3 ? fFactorTimingScript(durations, fCurrSliderValue()) : durations;
 }
 
 void loadCompositionParts() {

@@ -1,7 +1,7 @@
 // The composition grid's sounding cell (see play_bols.h).
 #include "sound/play_bols.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
 #include "sound/play_state.h"

@@ -1,10 +1,8 @@
 // The playing chain (see play_chain.h).
 #include "sound/play_chain.h"
 
-#include "control/errors.h"
-#include "control/screen_manager.h"
-#include "control/screen_table.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "keyboard/reed_labels.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
@@ -29,16 +27,12 @@ void reportRangeEnded() {
   switch (gCallbackContext) {
     case kContextComposer:
       call(gPlayScreenProcedures.resetComposerNoteCells);
-      sCallController(kFormComposer, kEventRangeEnded);
+      sTellPlayOwner(kContextComposer, kEventRangeEnded);
       break;
     case kContextMainOperations:
-      sCallController(kFormMainOperations, kEventRangeEnded);
-      break;
     case kContextWorkbench:
-      sCallController(kFormWorkshop, kEventRangeEnded);
-      break;
     case kContextComposition:
-      sCallController(kFormPlayComposition1, kEventRangeEnded);
+      sTellPlayOwner(gCallbackContext, kEventRangeEnded);
       break;
     default:  // other owners do not hear of it
       break;
@@ -98,4 +92,10 @@ bool fPlayMusicPhrases(platform::Screen& form) {
   if (gPrefetchMode == kPrefetchNext && gPlaySet.Position <= gPlaySet.LastPhrase)
     return prefetchNextPhrase();
   return true;
+}
+
+void sTellPlayOwner(std::int16_t context, std::int16_t event) {
+  if (context < 0 || context > kContextNone) return;
+  const PlayOwnerController owner = gPlayScreenProcedures.owners[static_cast<std::size_t>(context)];
+  if (owner != nullptr) owner(event);
 }

@@ -5,10 +5,13 @@
 // its controller's event 19.
 //
 // State: gPlayScreenProcedures, the procedures of the screens' own modules
-// the chain calls at each phrase; each module sets its member at start-up,
-// and a member left empty is skipped.
+// the chain calls at each phrase, and the controllers of the screens that
+// own a chain; each module sets its members when its screen is bound, and a
+// member left empty is skipped. Sound thus reaches the screens above it
+// only through what they install here.
 #pragma once
 
+#include <array>
 #include <cstdint>
 
 namespace platform {
@@ -29,10 +32,14 @@ constexpr std::int16_t kContextNone = 13;
 // The event a controller receives when the range has played.
 constexpr std::int16_t kEventRangeEnded = 19;
 
+using PlayOwnerController = void (*)(std::int16_t event);
+
 struct PlayScreenProcedures {
   void (*displayPrompt)() = nullptr;             // says what is playing (sDisplayMPPrompt)
   void (*resetCompositionSlots)() = nullptr;     // sSetCompNotationSlotsToDefaultColor
   void (*resetComposerNoteCells)() = nullptr;    // the composer's note cells at the end
+  // The controller of each callback context's screen, by context number.
+  std::array<PlayOwnerController, kContextNone + 1> owners{};
 };
 extern PlayScreenProcedures gPlayScreenProcedures;
 
@@ -43,3 +50,7 @@ extern PlayScreenProcedures gPlayScreenProcedures;
 // the cursor moves on and, with gPrefetchMode 1, the next phrase's buffer
 // is filled and its file built. False when that build fails.
 bool fPlayMusicPhrases(platform::Screen& form);
+
+// Calls the controller that the screen of a callback context installed,
+// with an event; nothing when that screen installed none.
+void sTellPlayOwner(std::int16_t context, std::int16_t event);

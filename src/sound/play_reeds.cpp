@@ -1,7 +1,7 @@
 // Reed marks of the sounding note (see play_reeds.h).
 #include "sound/play_reeds.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "keyboard/reed_marks.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"

@@ -4,9 +4,9 @@
 #include <filesystem>
 #include <system_error>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "sound/playback.h"
 #include "tonvex/tonvex.h"
 

@@ -3,8 +3,8 @@
 
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/tokenizer.h"
 #include "platform/audio.h"
 #include "platform/screen.h"

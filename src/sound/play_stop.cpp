@@ -1,7 +1,7 @@
 // Stopping a run (see play_stop.h).
 #include "sound/play_stop.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "keyboard/reed_labels.h"
 #include "platform/audio.h"
 #include "platform/screen.h"

@@ -3,11 +3,9 @@
 // sPlayMusicFile again, closes the file.
 #include "sound/playback.h"
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/screen_manager.h"
-#include "control/screen_table.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "platform/audio.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
@@ -90,7 +88,7 @@ void sDoCallback() {
   NV_PROC("sDoCallback");
   switch (gCallbackContext) {
     case kContextComposition:
-      sCallController(kFormPlayComposition1, kEventRangeEnded);
+      sTellPlayOwner(kContextComposition, kEventRangeEnded);
       break;
     case kContextPlaySet:
     case kContextWorkbench:

@@ -6,9 +6,9 @@
 #include <limits>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "sound/step_result.h"
 #include "store/positioning.h"

@@ -3,15 +3,18 @@
 
 #include <cstddef>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/durations.h"
 #include "notation/text_utils.h"
 #include "platform/screen.h"
 
+int fCurrSliderValue() {
+  return gCurrForm == nullptr ? kNeutralSlider : gCurrForm->control("cSlider").value();
+}
+
 double fCurrSpeedFactor() {
-  if (gCurrForm == nullptr) return 1.0;
-  const int slider = gCurrForm->control("cSlider").value();
+  const int slider = fCurrSliderValue();
   if (slider < 0 || slider >= static_cast<int>(gSpeedFactors.size())) {
     sRaiseError(kErrSubscriptOutOfRange, "Subscript out of range", "fCurrSpeedFactor");
     return 1.0;

@@ -5,8 +5,8 @@
 #include <cstdio>
 #include <vector>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 #include "platform/store.h"

@@ -4,8 +4,8 @@
 
 #include <algorithm>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "sound/onpr_rows.h"
 #include "sound/seeds.h"

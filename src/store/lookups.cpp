@@ -1,14 +1,10 @@
 // Look-ups of ragas, talas, phrases, items and prompts. Keeps no state.
 #include "store/lookups.h"
 
-#include "composer/composer.h"
-#include "control/errors.h"
-#include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/tokenizer.h"
-#include "platform/screen.h"
 #include "platform/store.h"
-#include "sound/drone.h"
 #include "store/positioning.h"
 #include "store/queries.h"
 #include "store/query_open.h"
@@ -195,32 +191,30 @@ std::string fGetPrompts(const std::string& numbers) {
   return prompts;
 }
 
-std::int16_t fLoadList(platform::Control& listControl, std::int16_t type) {
+std::int16_t fLoadList(std::vector<std::string>& items, std::int16_t type,
+                       std::int16_t listMode) {
   NV_PROC("fLoadList");
-  listControl.clear();
-  // The raga summary lists every item; elsewhere the composer's list mode
-  // picks the items with a notation (1) or without one (2). Any other mode
-  // lists every item too.
-  if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 1)
+  items.clear();
+  if (listMode == 1)
     sPatchSQLStr5ForExi(type);
-  else if (gCurrFormId != kFormRagaInfoSummary && gCompListMode == 2)
+  else if (listMode == 2)
     sPatchSQLStr5ForNew(type);
   else
     sPatchSQLStr5(type);
   auto rs = fOpenQuery(openStore(gDbA), gSQLStr5);
   if (!rs) return 0;
   std::int16_t count = countRows(*rs);
-  for (; !rs->eof(); rs->moveNext()) listControl.addItem(rs->field("Add Info").asText());
+  for (; !rs->eof(); rs->moveNext()) items.push_back(rs->field("Add Info").asText());
   return count;
 }
 
-void sLoadRagaList(platform::Screen& screen) {
+void sLoadRagaList(std::vector<std::string>& names) {
   NV_PROC("sLoadRagaList");
+  names.clear();
   sPatchSQLStr13(7);  // above every group: all ragas
   auto rs = fOpenQuery(openStore(gDbA), gSQLStr13);
   if (!rs) return;
-  platform::Control& list = screen.control("cRagaList");
-  for (; !rs->eof(); rs->moveNext()) list.addItem(rs->field("Raga").asText());
+  for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
 }
 
 std::int16_t fGetSeqRagaId(std::int16_t n) {
@@ -230,6 +224,13 @@ std::int16_t fGetSeqRagaId(std::int16_t n) {
   for (std::int16_t row = 1; row < n && !rs->eof(); ++row) rs->moveNext();
   if (rs->eof()) return 0;
   gCurrRagaId = static_cast<std::int16_t>(rs->field("Raga Index").asInteger());
-  sAdjustDroneType(*rs);
   return gCurrRagaId;
+}
+
+std::int32_t fGetRagaDroneType(std::int16_t ragaId) {
+  NV_PROC("fGetRagaDroneType");
+  auto rs = openTable(openStore(gDbA), "Raga - Technical Information");
+  sSetTablePKRecord(*rs, static_cast<int>(ragaId));
+  if (rs->noMatch()) return 0;
+  return static_cast<std::int32_t>(rs->field("DroneType").asInteger());
 }

@@ -6,6 +6,7 @@
 
 #include <cstdint>
 #include <string>
+#include <vector>
 
 namespace platform {
 class Control;
@@ -52,16 +53,22 @@ std::int16_t fAddInfoCount(std::int16_t type);
 // a missing prompt leaves only its " - ".
 std::string fGetPrompts(const std::string& numbers);
 
-// Clears the list and fills it with the items of `type` of gCurrRagaId
-// in the library store; answers their count. The raga summary screen lists
-// them all; elsewhere gCompListMode 1 keeps those with a notation and 2
-// those without (any other mode lists them all).
-std::int16_t fLoadList(platform::Control& listControl, std::int16_t type);
+// Replaces `items` with the "Add Info" of the items of `type` of
+// gCurrRagaId in the library store, in row order; answers their count. The
+// caller passes the composer's list mode: 1 keeps the items with a
+// notation, 2 those without, any other value (the raga summary passes 0)
+// lists them all.
+std::int16_t fLoadList(std::vector<std::string>& items, std::int16_t type,
+                       std::int16_t listMode);
 
-// Adds every raga with technical data to cRagaList of `screen`, by name.
-void sLoadRagaList(platform::Screen& screen);
+// Replaces `names` with every raga that has technical data, by name.
+void sLoadRagaList(std::vector<std::string>& names);
 
 // The id of row n (from 1, in stored order) of Raga - Technical
-// Information; also makes it gCurrRagaId and adjusts the drone to it.
-// 0, with nothing changed, when the table has no row n.
+// Information; also makes it gCurrRagaId. 0, with nothing changed, when the
+// table has no row n. The drone is the caller's: see control/raga_setup.h.
 std::int16_t fGetSeqRagaId(std::int16_t n);
+
+// "DroneType" of a raga in Raga - Technical Information; 0 for a raga
+// missing from the library.
+std::int32_t fGetRagaDroneType(std::int16_t ragaId);

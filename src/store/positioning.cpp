@@ -2,8 +2,8 @@
 // names. Keeps no state.
 #include "store/positioning.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 
 void sSetTablePKRecord(platform::Recordset& recordset, const platform::Value& key) {
   NV_PROC("sSetTablePKRecord");

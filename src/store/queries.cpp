@@ -5,9 +5,8 @@
 
 #include <cstdint>
 
-#include "control/errors.h"
-#include "control/session.h"
-#include "keyboard/reeds.h"
+#include "core/errors.h"
+#include "core/session.h"
 
 std::string gSQLStr1, gSQLStr2, gSQLStr3;
 std::string gSQLStr4a, gSQLStr4b, gSQLStr4;
@@ -203,8 +202,8 @@ void sPatchSQLStr19() {
   gSQLStr19 = gSQLStr19a + "3" + gSQLStr19b + gridSortColumn() + gSQLStr19c;
 }
 
-void sPatchSQLStr24(int colour) {
+void sPatchSQLStr24(int colour, int firstReed, int lastReed) {
   NV_PROC("sPatchSQLStr24");
-  gSQLStr24 = gSQLStr24a + std::to_string(gFirstReed) + gSQLStr24b + std::to_string(gLastReed) +
+  gSQLStr24 = gSQLStr24a + std::to_string(firstReed) + gSQLStr24b + std::to_string(lastReed) +
               gSQLStr24c + std::to_string(colour) + gSQLStr24d;
 }

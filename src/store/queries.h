@@ -55,4 +55,4 @@ void sPatchSQLStr12(const std::string& name, int noteId);
 void sPatchSQLStr13(int group);
 void sPatchSQLStr16(int group);
 void sPatchSQLStr19();            // group 3, sorted by gSortingMode
-void sPatchSQLStr24(int colour);  // reeds gFirstReed to gLastReed
+void sPatchSQLStr24(int colour, int firstReed, int lastReed);  // reeds in a range

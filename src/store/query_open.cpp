@@ -2,7 +2,7 @@
 // evaluated. Keeps no state.
 #include "store/query_open.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 
 std::unique_ptr<platform::Recordset> fOpenQuery(platform::Database& store,
                                                 const std::string& text) {

@@ -3,7 +3,7 @@
 // State: gTRaga, gTAlt, gTUserAlt.
 #include "store/working_record.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "notation/text_utils.h"
 
 TRagaRecord gTRaga;

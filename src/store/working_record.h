@@ -68,10 +68,10 @@ extern std::array<TAltRecord, kAltRecordCount> gTUserAlt;  // from the user stor
 
 // Loaders -------------------------------------------------------------------
 
-// Makes gCurrRagaId current: base data, phrases, then new note seeds when
-// the raga's drone type differs from gCurrDroneType ("Error in setting up
-// for current Raga" when that fails). A raga missing from the library
-// shows its message, leaves gTRaga empty and touches no seeds.
+// Loads the working record of gCurrRagaId: base data, then phrases. A raga
+// missing from the library shows its message and leaves gTRaga empty. The
+// store rebuilds no sound: sSetupRagaAndSound (control/raga_setup.h) runs
+// this and then renews the seeds for the raga's drone type.
 void sSetupForCurrRaga();
 
 // Fills gTRaga from "Raga - Technical Information" of gDbA.

@@ -4,9 +4,9 @@
 
 #include <memory>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "store/positioning.h"
 

@@ -5,12 +5,12 @@
 
 #include <optional>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/beat_marks.h"
 #include "notation/composition_matras.h"
 #include "notation/phrase_forms.h"
-#include "notation/tala_beats.h"
+#include "store/tala_beats.h"
 #include "platform/store.h"
 #include "store/positioning.h"
 #include "store/working_record_comp.h"
@@ -41,7 +41,7 @@ std::string fCreateCompStringFromT(std::int16_t partIndex, std::int16_t kind) {
   }
   const CompPartRecord& part = gCompInfo[static_cast<std::size_t>(partIndex - 1)];
   const bool notes = kind == kNotesKind;
-  const std::string words = notes ? fPrepareNotesForScript(part.Notation) : part.Syllables;
+  const std::string words = notes ? fPrepareNotesForScript(part.Notation, gNotationScript, gGraceNotes) : part.Syllables;
   const std::string& durations = notes ? part.NotesDuration : part.SyllableDuration;
   const char* mark = notes && gNotationScript == 1 ? kBeatMarkDevanagari : kBeatMarkEnglish;
   return fCreateBeatMarkedString(words, durations, fGetBeatCountForTala(part.TalaId),

@@ -4,13 +4,12 @@
 // State: writes gTRaga, gTAlt, gTUserAlt; may set gCurrDroneType.
 #include <memory>
 
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "notation/text_utils.h"
 #include "notation/tokenizer.h"
 #include "platform/store.h"
-#include "sound/music_set.h"
 #include "store/positioning.h"
 #include "store/working_record.h"
 
@@ -106,13 +105,6 @@ void sSetupForCurrRaga() {
   NV_PROC("sSetupForCurrRaga");
   sDBToTBaseInfo();
   sDBToTALTInfo();
-  auto raga = seekCurrRaga();
-  if (!raga || raga->noMatch()) return;
-  const auto droneType = static_cast<std::int32_t>(raga->field("DroneType").asInteger());
-  raga->close();
-  if (droneType == gCurrDroneType) return;
-  gCurrDroneType = droneType;
-  if (fCreateNoteSeedsForUse() == 0) sShowMessage("Error in setting up for current Raga");
 }
 
 void sDBToTBaseInfo() {

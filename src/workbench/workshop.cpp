@@ -2,11 +2,12 @@
 // exercises. Keeps no state of its own yet.
 #include "workbench/workbench.h"
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/trace.h"
+#include "core/trace.h"
 #include "control/trace_menu.h"
 #include "platform/screen.h"
+#include "sound/play_chain.h"
 
 // Enters the screen with the current screen as its parent and sets the
 // check marks of its menus from the session.
@@ -42,4 +43,5 @@ void sWorkshop(std::int16_t event) {
 void sBindWorkshopEvents(platform::Screen& screen) {
   screen.on("cReturn", platform::EventKind::Click, [](const platform::Event&) { sWorkshop(20); });
   sBindTraceMenuEvents(screen);
+  gPlayScreenProcedures.owners[kContextWorkbench] = sWorkshop;
 }

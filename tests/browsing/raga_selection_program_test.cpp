@@ -9,7 +9,7 @@
 #include <strings.h>
 
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "program_harness.h"
 #include "store/working_record.h"

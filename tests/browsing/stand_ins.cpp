@@ -2,7 +2,7 @@
 // do not need: it counts its calls and remembers the raga it was called for.
 #include "stand_ins.h"
 
-#include "control/session.h"
+#include "core/session.h"
 #include "store/working_record.h"
 
 int gTestSetupCalls = 0;

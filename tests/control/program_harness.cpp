@@ -7,8 +7,8 @@
 #include <QTimer>
 
 #include "app/screens.h"
-#include "control/error_state.h"
-#include "control/session.h"
+#include "core/error_state.h"
+#include "core/session.h"
 #include "control/startup.h"
 #include "notation/devanagari.h"
 #include "platform/qt/qt_screen.h"

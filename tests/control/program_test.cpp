@@ -9,7 +9,7 @@
 #include <sstream>
 
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/audio.h"
 #include "platform/store.h"
 #include "program_harness.h"

@@ -8,7 +8,7 @@
 #include <cstdio>
 #include <string>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "exploration/exploration.h"
 #include "store/lookups.h"
 #include "store/working_record.h"

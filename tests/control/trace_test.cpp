@@ -5,10 +5,10 @@
 #include <fstream>
 #include <sstream>
 
-#include "control/error_state.h"
-#include "control/errors.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "core/error_state.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "platform/store.h"
 #include "recording_window_system.h"
 

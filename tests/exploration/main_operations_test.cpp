@@ -10,7 +10,7 @@
 #include <vector>
 
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "exploration/exploration.h"
 #include "exploration/exploration_state.h"
 #include "keyboard/reeds.h"

@@ -5,7 +5,7 @@
 
 #include <cmath>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reed_marks.h"

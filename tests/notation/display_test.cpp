@@ -1,10 +1,10 @@
 // Tests of the notation boxes: fonts by script and phrases in display form.
-#include "notation/display.h"
+#include "display/notation_display.h"
 
 #include <gtest/gtest.h>
 
-#include "control/session.h"
-#include "notation/fonts.h"
+#include "core/session.h"
+#include "display/fonts.h"
 #include "notation/vocabulary.h"
 #include "support/fake_screen.h"
 

@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/composition_matras.h"
 #include "support/fake_screen.h"
 #include "support/notation_stubs.h"

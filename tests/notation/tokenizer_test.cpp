@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "notation/text_utils.h"
 #include "support/notation_stubs.h"
 

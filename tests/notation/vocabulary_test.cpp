@@ -4,8 +4,8 @@
 
 #include <gtest/gtest.h>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 
 namespace {
 

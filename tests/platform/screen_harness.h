@@ -23,7 +23,7 @@
 
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/qt/qt_window_system.h"
 #include "platform/screen.h"

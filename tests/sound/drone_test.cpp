@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "sound/drone.h"
 #include "sound/seeds.h"
 #include "sound/sound_state.h"

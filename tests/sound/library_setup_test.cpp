@@ -4,7 +4,7 @@
 
 #include <filesystem>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "sound/library_setup.h"
 #include "sound_test_support.h"
 #include "tonvex/tonvex.h"

@@ -10,7 +10,7 @@
 #include <string>
 #include <vector>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "music_fixture.h"
 #include "sound/music_file.h"
 #include "sound/notes_list.h"

@@ -9,7 +9,7 @@
 #include <fstream>
 #include <string>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "notation/vocabulary.h"
 #include "sound/library_setup.h"
 #include "sound/music_buffers.h"

@@ -8,7 +8,7 @@
 #include <string>
 #include <vector>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "music_fixture.h"
 #include "notation/durations.h"
 #include "notation/phrase_forms.h"

@@ -3,7 +3,7 @@
 // scale shift, and the status-line text.
 #include <gtest/gtest.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
 #include "sound/music_set.h"

@@ -6,7 +6,7 @@
 
 #include <string>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "music_fixture.h"
 #include "notation/durations.h"
 #include "notation/tokenizer.h"

@@ -2,8 +2,8 @@
 // correction vector into a user set's row and loading it back.
 #include <gtest/gtest.h>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "sound/onpr_rows.h"
 #include "sound_test_support.h"

@@ -8,7 +8,7 @@
 
 #include "control/screen_table.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/audio.h"
 #include "playback_harness.h"
 #include "sound/music_buffers.h"

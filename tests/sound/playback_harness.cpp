@@ -13,7 +13,7 @@
 
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"

@@ -3,7 +3,7 @@
 // keyboard, and the composition grid's sounding cell.
 #include <gtest/gtest.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"

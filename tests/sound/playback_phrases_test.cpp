@@ -2,7 +2,7 @@
 // set, and stepping the notation box through them.
 #include <gtest/gtest.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "playback_harness.h"
 #include "sound/music_buffers.h"
 #include "sound/phrase_loading.h"

@@ -2,7 +2,7 @@
 // library, and what a damaged seed row does.
 #include <gtest/gtest.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "sound/seeds.h"
 #include "sound_test_support.h"
 #include "tonvex/tonvex.h"

@@ -8,7 +8,7 @@
 #include <fstream>
 #include <sstream>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "sound/onpr_rows.h"
 #include "sound/sound_state.h"

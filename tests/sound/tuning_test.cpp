@@ -4,7 +4,7 @@
 
 #include <cmath>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "sound/music_set.h"
 #include "sound/seeds.h"
 #include "sound/sound_state.h"

@@ -8,9 +8,9 @@
 #include <string>
 #include <vector>
 
-#include "control/errors.h"
+#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "store/queries.h"
 #include "store/query_open.h"

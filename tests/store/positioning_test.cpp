@@ -3,7 +3,7 @@
 
 #include <gtest/gtest.h>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "tests/store/test_support.h"
 

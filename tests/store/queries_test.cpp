@@ -9,7 +9,7 @@
 #include <string>
 #include <vector>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "tests/store/test_support.h"
 

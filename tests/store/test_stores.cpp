@@ -8,7 +8,7 @@
 #include <sstream>
 #include <stdexcept>
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/store.h"
 #include "tests/store/test_support.h"
 

@@ -6,8 +6,8 @@
 
 #include <memory>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 
 std::unique_ptr<platform::Database> gDbA;

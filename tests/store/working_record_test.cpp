@@ -10,14 +10,14 @@
 #include <memory>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
 #include "sound_test_support.h"
 #include "store/working_record_comp.h"
 #include "store/working_record_comp_text.h"
-#include "store/working_record_display.h"
+#include "display/raga_display.h"
 #include "tests/notation/support/fake_screen.h"
 
 namespace {

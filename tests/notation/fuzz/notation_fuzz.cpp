@@ -6,8 +6,8 @@
 #include <cstdint>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/beat_marks.h"
 #include "notation/devanagari.h"
 #include "notation/durations.h"

@@ -7,8 +7,8 @@
 #include <memory>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 
 std::int16_t gNotationScript = 2;

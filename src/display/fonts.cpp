@@ -1,7 +1,7 @@
 // Notation fonts by script.
-#include "notation/fonts.h"
+#include "display/fonts.h"
 
-#include "control/session.h"
+#include "core/session.h"
 #include "platform/screen.h"
 
 void sSetDevnagariFont(platform::Control& control) {

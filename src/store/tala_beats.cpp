@@ -1,8 +1,8 @@
 // Tala beat counts from the library store.
-#include "notation/tala_beats.h"
+#include "store/tala_beats.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "platform/store.h"
 
 std::int16_t fGetBeatCountForTala(std::int16_t talaId) {

@@ -1,14 +1,14 @@
 // Phrases into notation boxes, and disabling play while a pattern is shown.
-#include "notation/display.h"
+#include "display/notation_display.h"
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"
 
 void sLoadNotation(platform::Control& control, const std::string& phrase) {
   NV_PROC("sLoadNotation");
-  control.setText(fPrepareNotationDisplayString(fPrepareNotesForScript(phrase)));
+  control.setText(fPrepareNotationDisplayString(fPrepareNotesForScript(phrase, gNotationScript, gGraceNotes)));
 }
 
 void sDisplayPatternNotation() {

@@ -1,11 +1,12 @@
 // The raga's notation boxes (vadi, samvadi, aroha, avroha, pakad), filled
 // from the library store in the current script.
+#include "display/notation_display.h"
+
 #include <array>
 
-#include "control/errors.h"
-#include "control/session.h"
-#include "notation/display.h"
-#include "notation/fonts.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "display/fonts.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"
 #include "platform/store.h"

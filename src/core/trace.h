@@ -8,8 +8,13 @@ void sTrace(std::int16_t mode);
 std::int16_t fIgnorable();
 void sFillErrorParam();
 void sProgramErrorExit();
+// Ends the run through the halt procedure that the screen manager installs
+// (it unloads the screens up the parent chain, deletes the wave file now
+// playing and unloads the main window), so that this core knows no screen.
+// Without one, only the wave file is deleted.
 void sHaltProgramExecution();
-void sMnuTraceCheck();
+using HaltProcedure = void (*)();
+void sSetHaltProcedure(HaltProcedure procedure);
 
 // "Monday, November 23, 2026" padded to the next 14-character print zone,
 // then the time: the date-and-time line of the trace and error reports.

@@ -1,6 +1,6 @@
 // Definitions of the session state with the values a process starts with.
 // File names join directories with "/" where the original used "\".
-#include "control/session.h"
+#include "core/session.h"
 
 #include "platform/store.h"
 

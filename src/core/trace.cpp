@@ -3,17 +3,16 @@
 // "errtrace.txt" receives the trace lines and the report of a fatal error;
 // "ignoerr.txt" the report of each forgiven error. Both are opened and
 // closed for each write, so that a crash loses nothing.
-#include "control/trace.h"
+#include "core/trace.h"
 
 #include <ctime>
 #include <filesystem>
 #include <fstream>
 
-#include "control/error_state.h"
-#include "control/errors.h"
-#include "control/messages.h"
-#include "control/screen_manager.h"
-#include "control/session.h"
+#include "core/error_state.h"
+#include "core/errors.h"
+#include "core/messages.h"
+#include "core/session.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 
@@ -135,29 +134,19 @@ void sProgramErrorExit() {
   sHaltProgramExecution();
 }
 
+namespace {
+HaltProcedure gHaltProcedure = nullptr;
+}  // namespace
+
+void sSetHaltProcedure(HaltProcedure procedure) { gHaltProcedure = procedure; }
+
 void sHaltProgramExecution() {
-  while (gCurrFormId != kFormNadavik) {
-    platform::Screen* leaving = gCurrForm;
-    gInternalClose = 1;
-    if (leaving) leaving->unload();
-    std::int16_t parent = gCurrFormId >= 1 && gCurrFormId <= 28 ? gParentFormIds[gCurrFormId - 1] : 0;
-    gCurrFormId = parent > 0 ? parent : kFormNadavik;
-    sSetCurrFormById();
+  if (gHaltProcedure != nullptr) {
+    gHaltProcedure();
+    return;
   }
   std::error_code ec;
   if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
-  if (gCurrForm) gCurrForm->unload();
-}
-
-void sMnuTraceCheck() {
-  platform::Screen& s = *gCurrForm;
-  if (gTraceEnabled == 0) {
-    s.control("cMnuTraOn").setVisible(false);
-    s.control("cMnuTraOff").setVisible(false);
-    return;
-  }
-  s.control("cMnuTraOn").setChecked(gTraceOn != 0);
-  s.control("cMnuTraOff").setChecked(gTraceOn == 0);
 }
 
 void sRunTrapped(const std::function<void()>& handler) {

@@ -1,14 +1,14 @@
 // Preparing the composition at hand (see composition_prep.h).
-#include "player/composition_prep.h"
+#include "sound/composition_prep.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <string>
 
-#include "control/errors.h"
-#include "control/session.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "notation/durations.h"
-#include "notation/tala_beats.h"
+#include "store/tala_beats.h"
 #include "sound/music_buffers.h"
 #include "sound/phrase_loading.h"
 #include "sound/play_state.h"

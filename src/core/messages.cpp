@@ -1,5 +1,5 @@
 // Message boxes of the logic.
-#include "control/messages.h"
+#include "core/messages.h"
 
 void sShowMessage(const std::string& text) {
   platform::windowSystem().messageBox(text, platform::kMsgInformation, "Message");

@@ -1,14 +1,14 @@
 // The current raga's basic data on the current screen, and its scale or
 // pakad in generation form. No state of its own.
-#include "store/working_record_display.h"
+#include "display/raga_display.h"
 
 #include <array>
 #include <memory>
 
-#include "control/errors.h"
-#include "control/session.h"
-#include "notation/display.h"
-#include "notation/fonts.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "display/notation_display.h"
+#include "display/fonts.h"
 #include "notation/generation.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"

@@ -1,11 +1,11 @@
 // Raising run-time faults and the procedure scope (see errors.h).
-#include "control/errors.h"
+#include "core/errors.h"
 
 #include <exception>
 
-#include "control/error_state.h"
-#include "control/session.h"
-#include "control/trace.h"
+#include "core/error_state.h"
+#include "core/session.h"
+#include "core/trace.h"
 
 void sRaiseError(long number, const std::string& description, const std::string& source) {
   sSetPendingError(number, description, source);

@@ -1,0 +1,19 @@
+// Making a raga the one at hand, with its sound. The store loads the raga's
+// data and never rebuilds sound; these procedures run the store's look-up
+// and then renew the seeds or the drone for the raga's drone type, in the
+// order the program has always done it. They are called wherever a raga
+// becomes current: chosen from the grid, explored from the quiz, drawn at
+// random by position. No state of their own.
+#pragma once
+
+#include <cstdint>
+
+// sSetupForCurrRaga (the working record of gCurrRagaId), then, when the
+// raga's drone type differs from gCurrDroneType, takes it and makes the
+// note seeds again ("Error in setting up for current Raga" when that
+// fails). A raga missing from the library touches no seeds.
+void sSetupRagaAndSound();
+
+// fGetSeqRagaId(n) (row n of the raga table becomes gCurrRagaId), then
+// sAdjustDroneType for that raga. Answers the raga's id, 0 for no row n.
+std::int16_t fSetupSeqRagaAndDrone(std::int16_t n);
