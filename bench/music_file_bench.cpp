@@ -12,6 +12,7 @@
 
 #include "bench_library_copy.h"
 #include "core/session.h"
+#include "notation/durations.h"
 #include "notation/tokenizer.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
@@ -21,9 +22,8 @@
 #include "sound/music_buffers.h"
 #include "sound/music_file.h"
 #include "sound/notes_list.h"
-#include "store/queries.h"
-#include "notation/durations.h"
 #include "sound/theka_tokens.h"
+#include "store/queries.h"
 #include "store/working_record.h"
 #include "store/working_record_comp.h"
 

@@ -30,8 +30,6 @@
 #include <vector>
 
 #include "bench_library_copy.h"
-#include "control/screen_manager.h"
-#include "control/screen_table.h"
 #include "core/session.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
@@ -137,7 +135,7 @@ class BenchStage {
       sPlayMusicFile(gCurrMusicFile);
     });
     form.on("cMM", platform::EventKind::Status,
-            [](const platform::Event&) { sCallController(kFormMainOperations, 18); });
+            [](const platform::Event&) { benchController(18); });
     gCurrForm = &form;
     sDisplayKeyboardAlt(form, 1);
     sUpdateReedLabelsAlt(form);
@@ -158,7 +156,7 @@ class BenchStage {
     gDelayMO = 0;
     gCallbackContext = kContextMainOperations;
     gFormH = 768;
-    sRegisterScreen({kFormMainOperations, "MainOperations", benchController, nullptr});
+    gPlayScreenProcedures.owners[kContextMainOperations] = benchController;
   }
 
   // Loads every stored alap in turn and keeps the one with the most notes.

@@ -6,10 +6,10 @@
 #include <string>
 
 #include "app/screens.h"
-#include "core/error_state.h"
 #include "control/startup.h"
-#include "notation/devanagari.h"
+#include "core/error_state.h"
 #include "core/messages.h"
+#include "notation/devanagari.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
 #include "platform/qt/qt_window_system.h"

@@ -11,11 +11,11 @@
 
 #include "browsing/browsing.h"
 #include "control/raga_setup.h"
-#include "core/errors.h"
 #include "control/screen_manager.h"
+#include "control/trace_menu.h"
+#include "core/errors.h"
 #include "core/session.h"
 #include "core/trace.h"
-#include "control/trace_menu.h"
 #include "exploration/exploration.h"
 #include "platform/screen.h"
 #include "platform/store.h"

@@ -2,8 +2,8 @@
 // of one raga (RagaInfoSummary) opened from it. Keeps no state of its own:
 // the raga at hand is gCurrRagaName.
 #include "browsing/browsing.h"
-#include "core/errors.h"
 #include "control/screen_manager.h"
+#include "core/errors.h"
 #include "core/session.h"
 #include "platform/screen.h"
 

@@ -1,12 +1,12 @@
 // Event handlers of the main window (form id 1) and of the opening screen
 // shown before it.
-#include "core/messages.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
-#include "core/session.h"
 #include "control/startup.h"
-#include "core/trace.h"
 #include "control/trace_menu.h"
+#include "core/messages.h"
+#include "core/session.h"
+#include "core/trace.h"
 #include "platform/screen.h"
 #include "sound/playback.h"
 

@@ -4,10 +4,10 @@
 #include <charconv>
 #include <functional>
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "core/session.h"
 #include "control/startup.h"
+#include "core/errors.h"
+#include "core/session.h"
 #include "keyboard/reeds.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"

@@ -13,7 +13,7 @@ void sSetupRagaAndSound() {
   NV_PROC("sSetupRagaAndSound");
   sSetupForCurrRaga();
   const std::int32_t droneType = fGetRagaDroneType(gCurrRagaId);
-  if (droneType == 0 || droneType == gCurrDroneType) return;
+  if (droneType == kNoSuchRaga || droneType == gCurrDroneType) return;
   gCurrDroneType = droneType;
   if (fCreateNoteSeedsForUse() == 0) sShowMessage("Error in setting up for current Raga");
 }

@@ -7,10 +7,10 @@
 #include <map>
 #include <random>
 
-#include "core/error_state.h"
-#include "core/errors.h"
 #include "control/screen_table.h"
 #include "control/trace_menu.h"
+#include "core/error_state.h"
+#include "core/errors.h"
 #include "core/session.h"
 #include "core/trace.h"
 #include "platform/screen.h"

@@ -15,15 +15,15 @@
 #include <filesystem>
 #include <fstream>
 
-#include "core/errors.h"
-#include "core/messages.h"
 #include "control/parameters.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/trace_menu.h"
+#include "control/user_store.h"
+#include "core/errors.h"
+#include "core/messages.h"
 #include "core/session.h"
 #include "core/trace.h"
-#include "control/user_store.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "sound/library_setup.h"
@@ -75,7 +75,6 @@ void readScriptFile() {
     gScriptLines.push_back(line);
     ++gScriptLineCount;
   }
-  gScriptRun = -1;
 }
 
 void fillMainLabels() {
@@ -140,7 +139,6 @@ void startProgram() {
   openStores();
   sCheckSetNVVersion();
   sSetDefaultOptions();
-  gOsPlatform = fGetOSPlatform();
   sMnuTipsCheck();
   showMainPicture();
   sNVControl(2);
@@ -196,7 +194,6 @@ void sCheckCommandLine() {
   gTraceEnabled = trace ? -1 : 0;
   gTraceOn = trace ? -1 : 0;
   gScriptLineCount = 0;
-  gScriptRun = 0;
   if (gCommandLine.find('2') != std::string::npos && fileExists(gDataPath + "/NVScript.txt"))
     readScriptFile();
 }
@@ -229,9 +226,6 @@ void sSetGlobalVariables() {
   gWavFiles = {gWavA, gWavB, gWavC, ""};
   gDroneWavFile = gAppPath + "D.Wav";
   gInstrLibFiles = {"", "", gDataPath + "/vlb.nvy", gDataPath + "/clb.nvy", ""};
-  gSpeedFactors = {0,   5.0, 3.33, 2.5, 2.0, 1.67, 1.43, 1.25, 1.11, 1.0,
-                   0.8, 0.67, 0.57, 0.5, 0.44, 0.4, 0.36, 0.33, 0};
-  gHelpFile = gDataPath + "/NV.HLP";
   sCreateScreenObjects();
 }
 
@@ -256,11 +250,6 @@ void sCheckFont() {
                  "notation using English script.");
     gDevnagariOk = 0;
   }
-}
-
-std::int16_t fGetOSPlatform() {
-  NV_PROC("fGetOSPlatform");
-  return static_cast<std::int16_t>(gCurrForm->control("cSysInfo").osPlatform());
 }
 
 std::int16_t fGetNVTipCount() {

@@ -24,7 +24,6 @@ void sCheckCommandLine();
 void sCheckFont();
 std::int16_t fSushaExists();
 std::int16_t fInstallSusha();
-std::int16_t fGetOSPlatform();
 std::int16_t fGetNVTipCount();
 void sLoadNextTip();
 void sInitApp1();

@@ -10,7 +10,6 @@ std::string gWavA, gWavB, gWavC;
 std::array<std::string, 4> gWavFiles;
 std::string gDroneWavFile;
 std::array<std::string, 5> gInstrLibFiles;
-std::string gHelpFile;
 std::string gCurrBuildFile, gCurrMusicFile;
 
 platform::Workspace* gWorkspace = nullptr;
@@ -58,9 +57,11 @@ std::int32_t gThekaInstrument = 4;
 std::int16_t gCompPart = 1;
 std::int32_t gDroneCycles = 2;
 
-std::array<double, 19> gSpeedFactors = {};
+// A fixed table, the same for the whole run, so it is set here rather than
+// at start-up: 1.0 at the slider's middle value 9, slower to the left.
+std::array<double, 19> gSpeedFactors = {0,   5.0,  3.33, 2.5, 2.0,  1.67, 1.43, 1.25, 1.11, 1.0,
+                                        0.8, 0.67, 0.57, 0.5, 0.44, 0.4,  0.36, 0.33, 0};
 
-std::int16_t gOsPlatform = 0;
 std::int16_t gCloseReason = 0;
 std::int16_t gTimerPurpose = 1;
 std::int16_t gCallbackContext = 0;
@@ -68,7 +69,6 @@ std::int16_t gOpeningOk = 0;
 float gMaxFormL = 0, gMaxFormT = 0, gMaxFormW = 0, gMaxFormH = 0;
 
 std::int16_t gScriptLineCount = 0;
-std::int16_t gScriptRun = 0;
 std::vector<std::string> gScriptLines;
 
 platform::Screen* gCurrForm = nullptr;

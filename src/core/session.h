@@ -29,7 +29,6 @@ extern std::string gWavA, gWavB, gWavC;
 extern std::array<std::string, 4> gWavFiles;
 extern std::string gDroneWavFile;
 extern std::array<std::string, 5> gInstrLibFiles;
-extern std::string gHelpFile;
 extern std::string gCurrBuildFile;  // wave file being built
 extern std::string gCurrMusicFile;  // wave file now playing
 
@@ -88,7 +87,6 @@ extern std::int32_t gDroneCycles;
 extern std::array<double, 19> gSpeedFactors;
 
 // Start and stop.
-extern std::int16_t gOsPlatform;
 extern std::int16_t gCloseReason;       // 1 Exit button, 2 close box
 extern std::int16_t gTimerPurpose;      // main window cTimer: 1 start, 2 stop
 extern std::int16_t gCallbackContext;   // who receives the end of playback
@@ -97,7 +95,6 @@ extern float gMaxFormL, gMaxFormT, gMaxFormW, gMaxFormH;
 
 // Command line.
 extern std::int16_t gScriptLineCount;
-extern std::int16_t gScriptRun;
 extern std::vector<std::string> gScriptLines;  // from 1; entry 0 unused
 
 // Screens (owned by the screen manager).

@@ -7,8 +7,8 @@
 
 #include "core/errors.h"
 #include "core/session.h"
-#include "display/notation_display.h"
 #include "display/fonts.h"
+#include "display/notation_display.h"
 #include "notation/generation.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"

@@ -7,10 +7,11 @@
 #include <cstddef>
 #include <string>
 
+#include "control/screen_manager.h"
 #include "core/errors.h"
 #include "core/messages.h"
-#include "control/screen_manager.h"
 #include "core/session.h"
+#include "display/notation_display.h"
 #include "exploration/exploration_state.h"
 #include "exploration/illustration_setup.h"
 #include "exploration/item_identity.h"
@@ -18,7 +19,6 @@
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
-#include "display/notation_display.h"
 #include "notation/phrase_forms.h"
 #include "platform/screen.h"
 #include "player/player.h"

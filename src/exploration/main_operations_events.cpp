@@ -4,8 +4,8 @@
 #include <cstdint>
 
 #include "control/screen_manager.h"
-#include "core/session.h"
 #include "control/trace_menu.h"
+#include "core/session.h"
 #include "exploration/exploration.h"
 #include "exploration/exploration_state.h"
 #include "exploration/prompts.h"

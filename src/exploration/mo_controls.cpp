@@ -6,9 +6,9 @@
 
 #include "core/errors.h"
 #include "core/session.h"
-#include "exploration/exploration_state.h"
-#include "display/notation_display.h"
 #include "display/fonts.h"
+#include "display/notation_display.h"
+#include "exploration/exploration_state.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
 #include "sound/play_buttons.h"

@@ -3,20 +3,20 @@
 // No state of its own beyond the screen's session values it resets.
 #include "exploration/exploration.h"
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
 #include "control/trace_menu.h"
+#include "core/errors.h"
 #include "core/session.h"
 #include "core/trace.h"
+#include "display/fonts.h"
+#include "display/raga_display.h"
 #include "exploration/exploration_state.h"
 #include "exploration/illustrations.h"
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
-#include "display/fonts.h"
 #include "platform/screen.h"
 #include "sound/play_state.h"
 #include "sound/playback.h"
-#include "display/raga_display.h"
 
 namespace {
 

@@ -4,8 +4,8 @@
 #include <cstddef>
 #include <cstdint>
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
+#include "core/errors.h"
 #include "core/session.h"
 #include "exploration/exploration_state.h"
 #include "notation/tokenizer.h"

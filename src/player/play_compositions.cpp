@@ -2,10 +2,10 @@
 // its tala grid. Keeps no state of its own yet.
 #include "player/player.h"
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "core/trace.h"
 #include "control/trace_menu.h"
+#include "core/errors.h"
+#include "core/trace.h"
 #include "platform/screen.h"
 #include "sound/play_chain.h"
 

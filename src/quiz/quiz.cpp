@@ -2,10 +2,10 @@
 // sample. Keeps no state of its own yet.
 #include "quiz/quiz.h"
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "core/trace.h"
 #include "control/trace_menu.h"
+#include "core/errors.h"
+#include "core/trace.h"
 #include "platform/screen.h"
 
 // Enters the screen with the current screen as its parent and sets the

@@ -2,10 +2,10 @@
 // collection once or in a loop. Keeps no state of its own yet.
 #include "sampler/sampler.h"
 
-#include "core/errors.h"
 #include "control/screen_manager.h"
-#include "core/trace.h"
 #include "control/trace_menu.h"
+#include "core/errors.h"
+#include "core/trace.h"
 #include "platform/screen.h"
 
 // Enters the screen with the current screen as its parent and sets the

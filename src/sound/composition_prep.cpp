@@ -8,12 +8,12 @@
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/durations.h"
-#include "store/tala_beats.h"
 #include "sound/music_buffers.h"
 #include "sound/phrase_loading.h"
 #include "sound/play_state.h"
 #include "sound/theka_tokens.h"
 #include "store/lookups.h"
+#include "store/tala_beats.h"
 #include "store/working_record_comp.h"
 #include "store/working_record_comp_text.h"
 

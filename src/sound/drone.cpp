@@ -32,7 +32,7 @@ std::int16_t fBuildDroneData() {
 
 void sAdjustDroneType(std::int32_t droneType) {
   NV_PROC("sAdjustDroneType");
-  if (droneType == 0 || droneType == gCurrDroneType) return;
+  if (droneType < 0 || droneType == gCurrDroneType) return;
   gCurrDroneType = droneType;
   fStepFailed(fBuildDroneData(), "Error in loading drone data");
 }

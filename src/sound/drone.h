@@ -12,10 +12,10 @@
 // (tonic + 9). 1 on success; 0 after "Error in FWavLoadDroneData".
 std::int16_t fBuildDroneData();
 
-// When a raga's drone type (as the library stores it; 0 for a raga missing
-// from the library) differs from gCurrDroneType, takes it and rebuilds the
-// drone ("Error in loading drone data" on failure). The same drone type, or
-// 0, changes nothing.
+// When a raga's drone type (as the library stores it; negative for a raga
+// missing from the library) differs from gCurrDroneType, takes it and
+// rebuilds the drone ("Error in loading drone data" on failure). The same
+// drone type, or a missing raga, changes nothing.
 void sAdjustDroneType(std::int32_t droneType);
 
 // The drone factor after one loudness step: +1 adds 0.1 while the factor

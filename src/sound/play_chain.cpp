@@ -14,6 +14,7 @@
 #include "sound/playback.h"
 
 PlayScreenProcedures gPlayScreenProcedures;
+PhraseFileBuilder gBuildPhraseFile = fPrepareToPlaySelection1;
 
 namespace {
 
@@ -66,7 +67,7 @@ void markFirstNote(platform::Screen& form, MusicBuffer& buffer) {
 bool prefetchNextPhrase() {
   const std::int16_t next = fBufferForPhrase(gPlaySet.Position);
   gMusicBuffers[static_cast<std::size_t>(next)].Count = fCreateNotesList1(next);
-  return fPrepareToPlaySelection1(next) != 0;
+  return gBuildPhraseFile(next) != 0;
 }
 
 }  // namespace

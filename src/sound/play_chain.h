@@ -43,6 +43,13 @@ struct PlayScreenProcedures {
 };
 extern PlayScreenProcedures gPlayScreenProcedures;
 
+// How the chain builds the next phrase's wave file while one sounds:
+// fPrepareToPlaySelection1 unless replaced. The playback tests put a
+// builder of silent files here, to see when each build happens on the
+// virtual clock without synthesising sound.
+using PhraseFileBuilder = std::int16_t (*)(std::int16_t buffer);
+extern PhraseFileBuilder gBuildPhraseFile;
+
 // One step of the chain, called to start a run and after each file closes.
 // Past gPlaySet.LastPhrase the range has ended: the cursor goes back to
 // FirstPhrase and the owner gets event 19. Otherwise the phrase at the

@@ -231,6 +231,6 @@ std::int32_t fGetRagaDroneType(std::int16_t ragaId) {
   NV_PROC("fGetRagaDroneType");
   auto rs = openTable(openStore(gDbA), "Raga - Technical Information");
   sSetTablePKRecord(*rs, static_cast<int>(ragaId));
-  if (rs->noMatch()) return 0;
+  if (rs->noMatch()) return kNoSuchRaga;
   return static_cast<std::int32_t>(rs->field("DroneType").asInteger());
 }

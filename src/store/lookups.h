@@ -69,6 +69,7 @@ void sLoadRagaList(std::vector<std::string>& names);
 // table has no row n. The drone is the caller's: see control/raga_setup.h.
 std::int16_t fGetSeqRagaId(std::int16_t n);
 
-// "DroneType" of a raga in Raga - Technical Information; 0 for a raga
-// missing from the library.
+// "DroneType" of a raga in Raga - Technical Information (a Null reads 0);
+// kNoSuchRaga for a raga missing from the library.
+constexpr std::int32_t kNoSuchRaga = -1;
 std::int32_t fGetRagaDroneType(std::int16_t ragaId);

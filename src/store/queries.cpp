@@ -12,15 +12,11 @@ std::string gSQLStr1, gSQLStr2, gSQLStr3;
 std::string gSQLStr4a, gSQLStr4b, gSQLStr4;
 std::string gSQLStr5a, gSQLStr5b, gSQLStr5c, gSQLStr5;
 std::string gSQLStr7a, gSQLStr7b, gSQLStr7c, gSQLStr7;
-std::string gSQLStr10a, gSQLStr10b, gSQLStr10c;
 std::string gSQLStr11a, gSQLStr11b, gSQLStr11;
 std::string gSQLStr12a, gSQLStr12b, gSQLStr12c, gSQLStr12;
 std::string gSQLStr13a, gSQLStr13b, gSQLStr13;
-std::string gSQLStr15;
 std::string gSQLStr16a, gSQLStr16b, gSQLStr16;
-std::string gSQLStr17, gSQLStr18;
 std::string gSQLStr19a, gSQLStr19b, gSQLStr19c, gSQLStr19;
-std::string gSQLStr20a, gSQLStr20b, gSQLStr20c;
 std::string gSQLStr24a, gSQLStr24b, gSQLStr24c, gSQLStr24d, gSQLStr24;
 
 namespace {
@@ -85,12 +81,6 @@ void sSetSQLStrings() {
   gSQLStr7b = ") AND (([Raga - Additional Information].[Add Info Type])=";
   gSQLStr7c = ") AND (([Raga - Additional Information].[Notation Index])>0));";
 
-  gSQLStr10a =
-      "SELECT ThekaTypeBolsForTaal.[Theka Bol Id] From ThekaTypeBolsForTaal Where "
-      "(((ThekaTypeBolsForTaal.[Theka Type Id]) = ";
-  gSQLStr10b = " ) And ((ThekaTypeBolsForTaal.[Tala Id]) = ";
-  gSQLStr10c = " )) ORDER BY ThekaTypeBolsForTaal.[Tala Bol Id];";
-
   gSQLStr11a =
       "SELECT [Note Specifications].[Note Id], [Note Specifications].SamPerCyc, "
       "[Note Specifications].[Fractional Value] From [Note Specifications] WHERE "
@@ -109,20 +99,8 @@ void sSetSQLStrings() {
       "(((RagaNameList.Level) <";
   gSQLStr13b = ")) ORDER BY RagaNameList.Raga;";
 
-  gSQLStr15 =
-      "SELECT [Raga - Additional Information].[Notation Index] From "
-      "[Raga - Additional Information] Where ((([Raga - Additional Information].[Notation Index]) "
-      "<> 0)) ORDER BY [Raga - Additional Information].[Notation Index] DESC;";
-
   gSQLStr16a = "SELECT RagaNameList.Raga From RagaNameList WHERE (((RagaNameList.Level)<=";
   gSQLStr16b = "));";
-
-  gSQLStr17 =
-      "SELECT [Scale Shift Specs].[Set Name] From [Scale Shift Specs] ORDER BY "
-      "[Scale Shift Specs].[Set Id];";
-  gSQLStr18 =
-      "SELECT [Scale Shift Specs].[Set Name] From [Scale Shift Specs] WHERE "
-      "((([Scale Shift Specs].[Set Id])>1)) ORDER BY [Scale Shift Specs].[Set Name];";
 
   gSQLStr19a =
       "SELECT [Raga - Technical Information].Thata, [Raga - Technical Information].Jati, "
@@ -134,13 +112,6 @@ void sSetSQLStrings() {
       "(((RagaNameList.Level) <= ";
   gSQLStr19b = " )) ORDER BY";
   gSQLStr19c = " RagaNameList.Raga;";
-
-  gSQLStr20a =
-      "SELECT RagaNameList.Raga, [Raga - Notes].[Raga Note Ids], [Raga - Notes].[Raga Index] "
-      "FROM [Raga - Notes] INNER JOIN RagaNameList ON [Raga - Notes].[Raga Index] = "
-      "RagaNameList.[Raga Index] WHERE ((([Raga - Notes].[Raga Note Ids])=";
-  gSQLStr20b = " ) AND (([Raga - Notes].[Raga Index])<>";
-  gSQLStr20c = " ));";
 
   gSQLStr24a =
       "SELECT [Reed Colors].[Reed Number] From [Reed Colors] Where "

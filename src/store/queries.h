@@ -1,7 +1,9 @@
 // The query catalogue: every list read of the program, as query texts in
 // the store's query language. Texts that take values are kept in pieces;
 // a patch procedure joins the pieces around the values and leaves the
-// finished text in the entry's gSQLStrN for the caller to open.
+// finished text in the entry's gSQLStrN for the caller to open. The
+// entries that no procedure runs (10, 15, 17, 18 and 20 of the numbering)
+// are left out.
 // State: the pieces and finished texts below, built once by sSetSQLStrings.
 #pragma once
 
@@ -19,24 +21,16 @@ extern std::string gSQLStr4a, gSQLStr4b, gSQLStr4;
 extern std::string gSQLStr5a, gSQLStr5b, gSQLStr5c, gSQLStr5;
 // Entry 7: items of one type of a raga that have a notation.
 extern std::string gSQLStr7a, gSQLStr7b, gSQLStr7c, gSQLStr7;
-// Entry 10: bols of a theka (not run: thekas are read otherwise).
-extern std::string gSQLStr10a, gSQLStr10b, gSQLStr10c;
 // Entry 11: note seeds of an instrument.
 extern std::string gSQLStr11a, gSQLStr11b, gSQLStr11;
 // Entry 12: samples of one note of an instrument.
 extern std::string gSQLStr12a, gSQLStr12b, gSQLStr12c, gSQLStr12;
 // Entry 13: ragas below a group.
 extern std::string gSQLStr13a, gSQLStr13b, gSQLStr13;
-// Entry 15: user compositions, highest notation first (not run).
-extern std::string gSQLStr15;
 // Entry 16: ragas up to a group.
 extern std::string gSQLStr16a, gSQLStr16b, gSQLStr16;
-// Entries 17 and 18: scale set names (not run; their columns do not exist).
-extern std::string gSQLStr17, gSQLStr18;
 // Entry 19: the raga grid.
 extern std::string gSQLStr19a, gSQLStr19b, gSQLStr19c, gSQLStr19;
-// Entry 20: ragas with the same notes (not run).
-extern std::string gSQLStr20a, gSQLStr20b, gSQLStr20c;
 // Entry 24: reeds of a range with a colour.
 extern std::string gSQLStr24a, gSQLStr24b, gSQLStr24c, gSQLStr24d, gSQLStr24;
 

@@ -10,9 +10,9 @@
 #include "notation/beat_marks.h"
 #include "notation/composition_matras.h"
 #include "notation/phrase_forms.h"
-#include "store/tala_beats.h"
 #include "platform/store.h"
 #include "store/positioning.h"
+#include "store/tala_beats.h"
 #include "store/working_record_comp.h"
 
 std::int16_t gAsthaiMatras = 0;

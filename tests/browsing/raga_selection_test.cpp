@@ -15,7 +15,7 @@
 #include "platform/qt/qt_control.h"
 #include "screen_harness.h"
 #include "store/queries.h"
-#include "stand_ins.h"
+#include "store/working_record.h"
 
 namespace {
 
@@ -239,14 +239,13 @@ TEST_F(RagaSelection, TheRagaGridStandsRightBelowTheHeadings) {
 TEST_F(RagaSelection, AClickOnARowMakesThatRagaCurrentAndExploresIt) {
   screenharness::click(kFormRagaSelection1, kSortEntries[3]);  // Desh, Bhupali, Yaman, ...
   grid().setRow(2);
-  const int callsBefore = gTestSetupCalls;
+  gTRaga.RagaId = 0;
   screenharness::click(kFormRagaSelection1, "cRagaList");
   EXPECT_EQ(gCurrRagaName, "Yaman");
   EXPECT_EQ(gCurrRagaId, 1);
   EXPECT_EQ(gSelRagaName, "Yaman");
   EXPECT_EQ(gSelRagaId, 1);
-  EXPECT_EQ(gTestSetupCalls, callsBefore + 1);
-  EXPECT_EQ(gTestSetupRagaId, 1);
+  EXPECT_EQ(gTRaga.RagaId, 1);  // its working record is loaded
   EXPECT_EQ(gCurrFormId, kFormMainOperations);
   EXPECT_EQ(gParentFormIds[kFormMainOperations - 1], kFormRagaSelection1);
   EXPECT_FALSE(screen().visible());
@@ -285,11 +284,11 @@ TEST_F(RagaSelection, ComingBackFromTheExplorationKeepsTheGridAsItWas) {
 TEST_F(RagaSelection, AClickOutsideTheDataChoosesNothing) {
   grid().setRows(0);
   gSelRagaId = 5;
-  const int callsBefore = gTestSetupCalls;
+  gTRaga.RagaId = 0;
   screenharness::click(kFormRagaSelection1, "cRagaList");
   EXPECT_EQ(gCurrRagaId, 0);
   EXPECT_EQ(gSelRagaId, 5);
-  EXPECT_EQ(gTestSetupCalls, callsBefore);
+  EXPECT_EQ(gTRaga.RagaId, 0);
   EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
 }
 

@@ -7,9 +7,9 @@
 #include <QTimer>
 
 #include "app/screens.h"
+#include "control/startup.h"
 #include "core/error_state.h"
 #include "core/session.h"
-#include "control/startup.h"
 #include "notation/devanagari.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/silent_audio.h"

@@ -10,10 +10,10 @@
 
 #include "core/session.h"
 #include "exploration/exploration.h"
-#include "store/lookups.h"
-#include "store/working_record.h"
 #include "platform/qt/qt_screen.h"
 #include "program_harness.h"
+#include "store/lookups.h"
+#include "store/working_record.h"
 
 namespace {
 

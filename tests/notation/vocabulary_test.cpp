@@ -54,15 +54,12 @@ TEST_F(Vocabulary, LookupsAreWholeAndCaseSensitive) {
 }
 
 TEST_F(Vocabulary, StringForNoteFollowsTheScript) {
-  gNotationScript = 1;
-  EXPECT_EQ(fGetStringForNote(24), "saaM");
-  gNotationScript = 2;
-  EXPECT_EQ(fGetStringForNote(24), "S>");
-  EXPECT_EQ(fGetStringForNote(36), "");
-  gNotationScript = 0;
-  EXPECT_EQ(fGetStringForNote(24), "");
-  EXPECT_THROW(fGetStringForNote(37), ErrorTrap);
-  EXPECT_THROW(fGetStringForNote(-1), ErrorTrap);
+  EXPECT_EQ(fGetStringForNote(24, 1), "saaM");
+  EXPECT_EQ(fGetStringForNote(24, 2), "S>");
+  EXPECT_EQ(fGetStringForNote(36, 2), "");
+  EXPECT_EQ(fGetStringForNote(24, 0), "");
+  EXPECT_THROW(fGetStringForNote(37, 2), ErrorTrap);
+  EXPECT_THROW(fGetStringForNote(-1, 2), ErrorTrap);
 }
 
 TEST_F(Vocabulary, WordTranslation) {
@@ -91,14 +88,13 @@ TEST_F(Vocabulary, LegalityOfOneWord) {
       {"S'R'G", false}, {"", true},   {":", true},   {"s", false},   {"S'x", false},
       {"::S", false}, {"S'", true},   {",", false},  {"saa", false},
   };
-  for (const Row& r : english) EXPECT_EQ(fIsLegalNote(r.word), r.legal) << r.word;
-  gNotationScript = 1;
-  EXPECT_TRUE(fIsLegalNote("saa'ro\\"));
-  EXPECT_TRUE(fIsLegalNote(":ina,"));
-  EXPECT_FALSE(fIsLegalNote("S"));
-  gNotationScript = 0;  // no script: no piece fails, but two apostrophes still do
-  EXPECT_TRUE(fIsLegalNote("anything"));
-  EXPECT_FALSE(fIsLegalNote("a'b'c"));
+  for (const Row& r : english) EXPECT_EQ(fIsLegalNote(r.word, 2), r.legal) << r.word;
+  EXPECT_TRUE(fIsLegalNote("saa'ro\\", 1));
+  EXPECT_TRUE(fIsLegalNote(":ina,", 1));
+  EXPECT_FALSE(fIsLegalNote("S", 1));
+  // No script: no piece fails, but two apostrophes still do.
+  EXPECT_TRUE(fIsLegalNote("anything", 0));
+  EXPECT_FALSE(fIsLegalNote("a'b'c", 0));
 }
 
 TEST_F(Vocabulary, TonicNamesAndAbsoluteNumbers) {

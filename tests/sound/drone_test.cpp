@@ -9,6 +9,7 @@
 #include "sound/seeds.h"
 #include "sound/sound_state.h"
 #include "sound_test_support.h"
+#include "store/lookups.h"
 #include "tonvex/tonvex.h"
 
 namespace {
@@ -95,24 +96,23 @@ TEST_F(DroneTest, AtEachLimitTheDroneIsStillRebuilt) {
 TEST_F(DroneTest, TheRagasDroneTypeIsTakenOnlyWhenItDiffers) {
   changeLibraryStore(R"(INSERT INTO "Raga - Technical Information" ("Raga Index", "DroneType")
                         VALUES (501, 2), (502, 1), (503, NULL);)");
-  auto rs = gDbA->openRecordset("Raga - Technical Information", platform::RecordsetType::Table);
   gCurrDroneType = 1;
   gCurrRagaId = 501;
-  sAdjustDroneType(*rs);
+  sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
   EXPECT_EQ(gCurrDroneType, 2);
   EXPECT_TRUE(messageTexts().empty());
 
   // With the drone set undeclared any rebuild would fail loudly: the same
   // type causes none, and a raga missing from the table changes nothing.
   gDroneSetName = "z";
-  sAdjustDroneType(*rs);
+  sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
   gCurrRagaId = 999;
-  sAdjustDroneType(*rs);
+  sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
   EXPECT_EQ(gCurrDroneType, 2);
   EXPECT_TRUE(messageTexts().empty());
 
   gCurrRagaId = 502;
-  sAdjustDroneType(*rs);
+  sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
   EXPECT_EQ(gCurrDroneType, 1);
   EXPECT_EQ(messageTexts(),
             (Messages{"Error in FWavLoadDroneData", "Error in loading drone data"}));
@@ -120,11 +120,10 @@ TEST_F(DroneTest, TheRagasDroneTypeIsTakenOnlyWhenItDiffers) {
   gDroneSetName = "e";
   windows_.messages.clear();
   gCurrRagaId = 503;  // no drone type recorded
-  sAdjustDroneType(*rs);
+  sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
   EXPECT_EQ(gCurrDroneType, 0);
   EXPECT_EQ(messageTexts(),
             (Messages{"Error in FWavLoadDroneData", "Error in loading drone data"}));
-  rs->close();
 }
 
 }  // namespace

@@ -1,6 +1,6 @@
 // Building both parts of a stored composition into A.wav and B.wav, a film
-// song's one part, and a failing first part. The composition player's
-// preparation of the parts is stood in for below.
+// song's one part, and a failing first part, through the real preparation
+// of the parts.
 #include <gtest/gtest.h>
 
 #include <filesystem>
@@ -13,27 +13,6 @@
 #include "store/working_record_comp.h"
 
 namespace fs = std::filesystem;
-
-// Stand-in for the composition player's preparation: the parts of
-// gCompInfo into gPhraseSet with their durations at the stored tempo, and
-// each buffer's starting beat and theka tokens.
-void sPreprocCompDataFromT() {
-  const int parts = gCurrPhraseKind == 9 ? 1 : 2;
-  gPhraseSet = {};
-  gPhraseSet.Count = static_cast<std::int16_t>(parts);
-  gPhraseSet.Position = gPhraseSet.Count;
-  for (int i = 0; i < parts; ++i) {
-    const CompPartRecord& part = gCompInfo[static_cast<std::size_t>(i)];
-    gBaseMatraMs = part.PlayingSpeed;
-    const std::string durations = fConvertMatraToDuration(part.NotesDuration, part.PlayingSpeed);
-    gPhraseSet.NotePhrases.push_back(part.Notation);
-    gPhraseSet.DurPhrases.push_back(durations);
-    gPhraseSet.BaseDurPhrases.push_back(durations);
-    gMusicBuffers[static_cast<std::size_t>(i)].StartingBeat = part.StartingBeat;
-    gMusicBuffers[static_cast<std::size_t>(i)].Theka =
-        fCreateTalaStringForCompFromT(static_cast<std::int16_t>(i + 1), gThekaInstrument);
-  }
-}
 
 namespace {
 

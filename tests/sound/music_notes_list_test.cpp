@@ -9,11 +9,11 @@
 #include <vector>
 
 #include "core/errors.h"
+#include "fake_screen.h"
 #include "music_fixture.h"
 #include "notation/durations.h"
 #include "notation/phrase_forms.h"
 #include "notation/tokenizer.h"
-#include "fake_screen.h"
 #include "sound/notes_list.h"
 #include "sound/speed_factor.h"
 

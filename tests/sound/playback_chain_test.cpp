@@ -6,8 +6,6 @@
 
 #include <filesystem>
 
-#include "control/screen_table.h"
-#include "control/screen_manager.h"
 #include "core/session.h"
 #include "platform/audio.h"
 #include "playback_harness.h"
@@ -219,8 +217,9 @@ Events gCompositionEvents;
 
 TEST(PlaybackCallback, RoutesTheEndOfAFileByItsOwner) {
   reset();
-  sRegisterScreen({kFormPlayComposition1, "PlayComposition1",
-                   [](std::int16_t event) { gCompositionEvents.push_back(event); }, nullptr});
+  gPlayScreenProcedures.owners[kContextComposition] = [](std::int16_t event) {
+    gCompositionEvents.push_back(event);
+  };
   preparePlaySet({kPhrase1, kPhrase2});
   gCallbackContext = kContextComposition;
   sDoCallback();

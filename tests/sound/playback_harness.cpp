@@ -12,7 +12,6 @@
 #include <unistd.h>
 
 #include "control/screen_manager.h"
-#include "control/screen_table.h"
 #include "core/session.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
@@ -31,6 +30,9 @@
 #include "sound/playback.h"
 
 namespace playbackstage {
+
+std::int16_t buildSilentPhraseFile(std::int16_t buffer);
+
 namespace {
 
 constexpr int kSampleRate = 8000;
@@ -70,7 +72,7 @@ void stageController(std::int16_t event) {
     gPlaySet.Position = gPlaySet.FirstPhrase;
     const std::int16_t buffer = fBufferForPhrase(gPlaySet.Position);
     gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
-    fPrepareToPlaySelection1(buffer);
+    buildSilentPhraseFile(buffer);
     fPlayMusicPhrases(*gCurrForm);
   }
 }
@@ -114,7 +116,7 @@ void setUpOnce() {
   sInitScales();
   sInitReedColorType();
   sInitReedsDisplayedData();
-  sRegisterScreen({kFormMainOperations, "MainOperations", stageController, nullptr});
+  gPlayScreenProcedures.owners[kContextMainOperations] = stageController;
   platform::Screen& form = windows->screen("MainOperations");
   form.load();
   form.setWidth(1366);
@@ -124,8 +126,9 @@ void setUpOnce() {
     sPlayMusicFile(gCurrMusicFile);
   });
   form.on("cMM", platform::EventKind::Status,
-          [](const platform::Event&) { sCallController(kFormMainOperations, 18); });
+          [](const platform::Event&) { stageController(18); });
   gPlayScreenProcedures.displayPrompt = recordOpen;
+  gBuildPhraseFile = buildSilentPhraseFile;
   gStageForm = &form;
 }
 
@@ -184,7 +187,7 @@ void preparePlaySet(const std::vector<std::pair<std::string, std::string>>& phra
   gPlaySet = set;
   const std::int16_t buffer = fBufferForPhrase(first);
   gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
-  fPrepareToPlaySelection1(buffer);
+  buildSilentPhraseFile(buffer);
   stage().builds.clear();
 }
 
@@ -200,10 +203,9 @@ std::vector<std::pair<int, int>> markedReeds(platform::Screen& form) {
   return marked;
 }
 
-}  // namespace playbackstage
-
-// Stand-in for the file builder: a silent file as long as the buffer's notes.
-std::int16_t fPrepareToPlaySelection1(std::int16_t buffer) {
+// The chain's file builder on the stage: a silent file as long as the
+// buffer's notes, recording when it was built.
+std::int16_t buildSilentPhraseFile(std::int16_t buffer) {
   using playbackstage::stage;
   if (buffer == stage().failBuildOfBuffer) return 0;
   const MusicBuffer& b = gMusicBuffers[static_cast<std::size_t>(buffer)];
@@ -215,3 +217,5 @@ std::int16_t fPrepareToPlaySelection1(std::int16_t buffer) {
   playbackstage::writeSilentWave(gWavFiles[static_cast<std::size_t>(buffer)], lengthMs);
   return 1;
 }
+
+}  // namespace playbackstage

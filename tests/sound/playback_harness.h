@@ -2,9 +2,10 @@
 // backend (offscreen), its cMM a silent audio device on a virtual clock, a
 // test controller registered for the screen that records the events it
 // receives and does what the screen's controller does with 18 (note
-// tracking) and the done notification, and a stand-in file builder.
+// tracking) and the done notification, and a file builder of its own.
 //
-// The stand-in fPrepareToPlaySelection1 writes a silent wave file as long as
+// The stage's builder, installed as the chain's gBuildPhraseFile, writes a
+// silent wave file as long as
 // the buffer's notes into gWavFiles[buffer] and records each build with the
 // clock time and whether a file was sounding then, so that tests can see
 // the next phrase being built while one plays.

@@ -56,8 +56,6 @@ TEST_F(QueryCatalogue, CompleteTexts) {
             (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
   EXPECT_EQ(rows(*gDbB, gSQLStr2, "NPSetName"), (Names{"Alpha", "Mid", "Zeta"}));
   EXPECT_EQ(rows(*gDbA, gSQLStr3, "Tala Name"), (Names{"Ektaal", "Jhaptaal", "Rupak", "Teentaal"}));
-  EXPECT_EQ(rows(*gDbB, gSQLStr15, "Notation Index"), (Names{"202", "201"}));
-  EXPECT_EQ(rows(*gDbA, gSQLStr15, "Notation Index"), (Names{"102", "101"}));
 }
 
 TEST_F(QueryCatalogue, RagasByGroup) {
@@ -135,15 +133,11 @@ TEST_F(QueryCatalogue, NameHoldingADoubleQuoteBreaksTheText) {
 }
 
 TEST_F(QueryCatalogue, ReedsOfARangeWithAColour) {
-  gFirstReed = 3;
-  gLastReed = 9;
-  sPatchSQLStr24(1);
+  sPatchSQLStr24(1, 3, 9);
   EXPECT_EQ(rows(*gDbA, gSQLStr24, "Reed Number"), (Names{"3", "5", "6", "8"}));
-  sPatchSQLStr24(2);
+  sPatchSQLStr24(2, 3, 9);
   EXPECT_EQ(rows(*gDbA, gSQLStr24, "Reed Number"), (Names{"4", "7", "9"}));
-  gFirstReed = 1;
-  gLastReed = 12;
-  sPatchSQLStr24(1);
+  sPatchSQLStr24(1, 1, 12);
   EXPECT_EQ(rows(*gDbA, gSQLStr24, "Reed Number"), (Names{"1", "3", "5", "6", "8", "10", "12"}));
 }
 
@@ -186,18 +180,6 @@ TEST_F(QueryCatalogue, RagaGridTextEnds) {
   EXPECT_NE(gSQLStr19.find(" )) ORDER BY [Raga - Technical Information].[Appropriate time],  "
                            "RagaNameList.Raga;"),
             std::string::npos);
-}
-
-TEST_F(QueryCatalogue, TextsBuiltButNeverRun) {
-  // Entry 10: the bols of theka type 1 of tala 3, in bol order.
-  EXPECT_EQ(rows(*gDbA, gSQLStr10a + "1" + gSQLStr10b + "3" + gSQLStr10c, "Theka Bol Id"),
-            (Names{"21", "22", "23"}));
-  // Entry 20: the other ragas with the same notes.
-  EXPECT_EQ(rows(*gDbA, gSQLStr20a + "\"0,2,3,5,7,9,10\"" + gSQLStr20b + "3" + gSQLStr20c, "Raga"),
-            Names{"Bhimpalasi"});
-  // Entries 17 and 18 name columns that do not exist.
-  EXPECT_EQ(errorOf(*gDbB, gSQLStr17), 3075);
-  EXPECT_EQ(errorOf(*gDbB, gSQLStr18), 3075);
 }
 
 }  // namespace

@@ -10,14 +10,15 @@
 #include <memory>
 #include <string>
 
+#include "control/raga_setup.h"
 #include "core/errors.h"
 #include "core/session.h"
+#include "display/raga_display.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
 #include "sound_test_support.h"
 #include "store/working_record_comp.h"
 #include "store/working_record_comp_text.h"
-#include "display/raga_display.h"
 #include "tests/notation/support/fake_screen.h"
 
 namespace {
@@ -204,11 +205,11 @@ TEST_F(WorkingRecord, MissingRagaIsToldAndLeavesAnEmptyUsableRecord) {
 }
 
 TEST_F(WorkingRecord, NewDroneTypeRebuildsTheSeeds) {
-  setUp(15);  // drone type 2
-  EXPECT_EQ(gCurrDroneType, 2);
-  setUp(20);  // drone type 2 again: nothing to rebuild
-  setUp(kYaman);
-  EXPECT_EQ(gCurrDroneType, 1);
+  for (std::int16_t ragaId : {15, 20, kYaman}) {  // drone types 2, 2 (nothing to rebuild), 1
+    gCurrRagaId = ragaId;
+    sSetupRagaAndSound();
+    EXPECT_EQ(gCurrDroneType, ragaId == kYaman ? 1 : 2);
+  }
   EXPECT_TRUE(messageTexts().empty());
 }
 

@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include <stdlib.h>
+
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/beat_marks.h"
@@ -40,9 +42,9 @@ void tokenize(const std::string& text, const std::string& delimiter) {
 
 void convertPhrase(const std::string& text) {
   for (std::int16_t script : {1, 2, 0}) {
-    gNotationScript = script;
-    fIsLegalNotationPhrase(text);
-    fPrepareNotesForScript(text);
+    fIsLegalNotationPhrase(text, script);
+    fPrepareNotesForScript(text, script, 1);
+    fPrepareNotesForScript(text, script, 2);
   }
   check(fRemoveColons(text).find(':') == std::string::npos);
   fRemoveGlides(text);
@@ -71,10 +73,21 @@ void convertDevanagari(const std::string& text) {
   fUnicodeToKeymap(text);
 }
 
+// The note tables, and a data folder of the run's own for the forgiven
+// faults' report, so that nothing is written to the current folder.
+bool initialise() {
+  sInitScales();
+  char folder[] = "/tmp/nadavik-fuzz-XXXXXX";
+  if (mkdtemp(folder) == nullptr) __builtin_trap();
+  gDataPath = folder;
+  gErrTraceFile = gDataPath + "/errtrace.txt";
+  return true;
+}
+
 }  // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
-  static const bool initialised = (sInitScales(), true);
+  static const bool initialised = initialise();
   (void)initialised;
   if (size == 0) return 0;
   const std::uint8_t selector = data[0];
