@@ -3,7 +3,8 @@
 // rows and their order for every sort mode, reached from the menu and from
 // a click on a heading, the menu's check mark, the headings and column
 // widths, the count caption, choosing a raga by click or key, and the grid
-// kept for the return from the exploration screen.
+// kept for the return from the exploration screen; and the review of raga
+// groups with the summary opened from it.
 #include <gtest/gtest.h>
 
 #include <QMenu>
@@ -21,86 +22,7 @@ namespace {
 
 using Names = std::vector<std::string>;
 
-nvstore::Row row(const std::string& table,
-                 const std::vector<std::pair<std::string, std::string>>& fields) {
-  nvstore::Row r;
-  r.table = table;
-  for (const auto& [column, value] : fields) r.fields.push_back({column, value, 0});
-  return r;
-}
-
-// A raga of the test store; an empty thata or time is left Null.
-struct TestRaga {
-  const char* name;
-  int index;
-  int level;
-  const char* thata;
-  const char* vadi;
-  int vadiNum;
-  const char* samvadi;
-  int samvadiNum;
-  const char* jati;
-  const char* time;
-};
-
-const TestRaga kRagas[] = {
-    {"Yaman", 1, 1, "Kalyan", "G", 16, "N", 23, "Sampoorna - Sampoorna", "Evening"},
-    {"Bhairav", 2, 1, "Bhairav", "d", 20, "r", 13, "Sampoorna - Sampoorna", "Dawn"},
-    {"Bhupali", 3, 2, "Kalyan", "G", 16, "D", 21, "Audav - Audav", "Evening"},
-    {"Malkauns", 4, 2, "Bhairavi", "m", 17, "S", 12, "Audav - Audav", "Night"},
-    {"Desh", 5, 3, "Khamaj", "R", 14, "P", 19, "Audav - Sampoorna", "Night"},
-    {"Mystery", 6, 3, "", "P", 19, "S", 12, "Shadav - Shadav", ""},
-    {"Beyond", 7, 4, "Asavari", "S", 12, "P", 19, "Audav - Audav", "Dawn"},
-};
-
-std::vector<nvstore::Row> ragaRows() {
-  std::vector<nvstore::Row> rows;
-  for (const TestRaga& raga : kRagas) {
-    const std::string index = std::to_string(raga.index);
-    rows.push_back(row("RagaNameList",
-                       {{"Raga", raga.name}, {"Raga Index", index},
-                        {"Level", std::to_string(raga.level)}}));
-    std::vector<std::pair<std::string, std::string>> info = {
-        {"Raga Index", index}, {"Vadi", raga.vadi},
-        {"VadiNum", std::to_string(raga.vadiNum)}, {"Samvadi", raga.samvadi},
-        {"SamvadiNum", std::to_string(raga.samvadiNum)}, {"Jati", raga.jati}};
-    if (*raga.thata) info.push_back({"Thata", raga.thata});
-    if (*raga.time) info.push_back({"Appropriate time", raga.time});
-    rows.push_back(row("Raga - Technical Information", info));
-  }
-  rows.push_back(row("Prompts", {{"Prompt Id", "2"}, {"Prompt", "Click a raga to explore it."}}));
-  return rows;
-}
-
-// Replaces the harness's layout store with one that also holds the ragas.
-std::string openRagaStore() {
-  std::vector<nvstore::Row> rows = ragaRows();
-  for (const auto& file : std::filesystem::directory_iterator(NADAVIK_SCREENS_DIR)) {
-    if (file.path().extension() != ".screen") continue;
-    auto layout = nvstore::readScreenFile(file.path().string());
-    rows.insert(rows.end(), layout.rows.begin(), layout.rows.end());
-  }
-  const std::string path = gDataPath + "/ragas.nvy";
-  std::vector<nvstore::SourceError> errors;
-  if (!nvstore::writeStoreFile(path, screenharness::libraryStoreSchema(), "schema_library.sql",
-                               rows, errors))
-    return errors.empty() ? "store not written" : errors.front().text();
-  gDbA = std::make_unique<platform::sqlite::SqliteDatabase>(path, false, true);
-  return "";
-}
-
 const Names kSortEntries = {"cMnuRag", "cMnuTha", "cMnuJat", "cMnuVad", "cMnuSam", "cMnuAppTim"};
-
-// The raga order of each sort mode: the key, then the raga name; a Null
-// key sorts first. Vadi and samvadi sort by note number, not note text.
-const Names kOrderOfMode[] = {
-    {"Bhairav", "Bhupali", "Desh", "Malkauns", "Mystery", "Yaman"},
-    {"Mystery", "Bhairav", "Malkauns", "Bhupali", "Yaman", "Desh"},
-    {"Bhupali", "Malkauns", "Desh", "Bhairav", "Yaman", "Mystery"},
-    {"Desh", "Bhupali", "Yaman", "Malkauns", "Mystery", "Bhairav"},
-    {"Malkauns", "Mystery", "Bhairav", "Desh", "Bhupali", "Yaman"},
-    {"Mystery", "Bhairav", "Bhupali", "Yaman", "Desh", "Malkauns"},
-};
 
 class RagaSelection : public ::testing::Test {
  protected:
@@ -108,9 +30,16 @@ class RagaSelection : public ::testing::Test {
     ASSERT_EQ(screenharness::setUpScreens(
                   {{kFormRagaSelection1, "RagaSelection1", sSelectRaga, sBindRagaSelection1Events},
                    {kFormMainOperations, "MainOperations", sMainOperations,
-                    sBindMainOperationsEvents}}),
+                    sBindMainOperationsEvents},
+                   {kFormReviewRagas, "ReviewRagas", sReviewTechnicalData, sBindReviewRagasEvents},
+                   {kFormRagaInfoSummary, "RagaInfoSummary", sReviewTechnicalData,
+                    sBindRagaInfoSummaryEvents}}),
               "");
-    ASSERT_EQ(openRagaStore(), "");
+    // One raga beyond group 3, and a Null time beside Ahir Bhairav's Null thata.
+    screenharness::openLibraryStore(
+        "UPDATE RagaNameList SET Level = 4 WHERE Raga = 'Yaman Kalyan';"
+        "UPDATE [Raga - Technical Information] SET [Appropriate time] = NULL"
+        " WHERE [Raga Index] = 40;");
     sSetSQLStrings();
   }
 
@@ -133,6 +62,22 @@ class RagaSelection : public ::testing::Test {
     for (int r = 0; r < grid().rows(); ++r) cells.push_back(grid().textMatrix(r, c));
     return cells;
   }
+  // The ragas of the grid's query in a sort mode's order (the order itself
+  // is checked in store/library_store_test).
+  static Names queryOrder(int mode) {
+    const std::int16_t kept = gSortingMode;
+    gSortingMode = static_cast<std::int16_t>(mode);
+    sPatchSQLStr19();
+    gSortingMode = kept;
+    auto rs = gDbA->openRecordset(gSQLStr19, platform::RecordsetType::Snapshot);
+    Names names;
+    for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
+    return names;
+  }
+  static int rowOf(const std::string& raga) {
+    const Names names = column(0);
+    return static_cast<int>(std::find(names.begin(), names.end(), raga) - names.begin());
+  }
   static Names checkedSortEntries() { return screenharness::checkedEntries(kSortEntries); }
   static void clickHeading(int c) {
     screen().control("cRagaListT").setCol(c);
@@ -143,55 +88,53 @@ class RagaSelection : public ::testing::Test {
 TEST_F(RagaSelection, OpensWithHeadingsCountCaptionPromptAndRagasByName) {
   EXPECT_EQ(screen().caption(), "Raga Selection");
   EXPECT_EQ(screen().control("Label1").caption(), "70 Ragas in Groups 1, 2 and 3");
-  EXPECT_EQ(screen().control("cPrompts").text(), "Click a raga to explore it.");
+  EXPECT_EQ(screen().control("cPrompts").text().rfind("Click a raga to explore it.", 0), 0u);
   platform::Control& headings = screen().control("cRagaListT");
   ASSERT_EQ(headings.rows(), 1);
   Names shown;
   for (int c = 0; c < headings.cols(); ++c) shown.push_back(headings.textMatrix(0, c));
   EXPECT_EQ(shown, (Names{"Raga", "Thata", "Vadi", "Samvadi", "Jati", "Time"}));
-  EXPECT_EQ(column(0), kOrderOfMode[0]) << "groups 1 to 3 only, by name";
+  EXPECT_EQ(column(0), queryOrder(0));
+  EXPECT_EQ(column(0).size(), 69u) << "groups 1 to 3 only";
+  EXPECT_EQ(rowOf("Yaman Kalyan"), 69);
   EXPECT_EQ(grid().row(), 0);
   EXPECT_EQ(grid().col(), 0);
   EXPECT_EQ(checkedSortEntries(), Names{"cMnuRag"});
 }
 
 TEST_F(RagaSelection, EveryColumnShowsItsFieldAndANullThataReadsUndefined) {
-  const int bhairav = 0, mystery = 4;
+  const int bhairav = rowOf("Bhairav"), ahir = rowOf("Ahir Bhairav");
   EXPECT_EQ((Names{grid().textMatrix(bhairav, 1), grid().textMatrix(bhairav, 2),
                    grid().textMatrix(bhairav, 3), grid().textMatrix(bhairav, 4),
                    grid().textMatrix(bhairav, 5)}),
-            (Names{"Bhairav", "d", "r", "Sampoorna - Sampoorna", "Dawn"}));
-  EXPECT_EQ(grid().textMatrix(mystery, 0), "Mystery");
-  EXPECT_EQ(grid().textMatrix(mystery, 1), "(Undefined)");
-  EXPECT_EQ(grid().textMatrix(mystery, 5), "") << "other Null fields stay empty";
+            (Names{"Bhairav", "d", "r", "Sampoorna - Sampoorna",
+                   "Dawn, first quarter of the day (6 am - 9 am)"}));
+  EXPECT_EQ(grid().textMatrix(ahir, 1), "(Undefined)");
+  EXPECT_EQ(grid().textMatrix(ahir, 5), "") << "other Null fields stay empty";
 }
 
-TEST_F(RagaSelection, EachSortMenuEntrySortsAndTakesTheCheckMark) {
-  for (int mode = 0; mode < 6; ++mode) {
-    SCOPED_TRACE(kSortEntries[mode]);
-    screenharness::click(kFormRagaSelection1, kSortEntries[mode]);
-    EXPECT_EQ(gSortingMode, mode);
-    EXPECT_EQ(column(0), kOrderOfMode[mode]);
-    EXPECT_EQ(checkedSortEntries(), Names{kSortEntries[mode]});
-    EXPECT_EQ(grid().row(), 0) << "the grid starts again at its top";
-  }
-}
-
-TEST_F(RagaSelection, AHeadingClickSortsByThatColumnsMode) {
-  // Heading column -> sort mode: the modes follow the menu, not the columns.
+// Each menu entry, and a click on each heading, sorts by its mode (the
+// modes follow the menu, not the columns), takes the check mark and starts
+// the grid again at its top; the trace entries switch tracing.
+TEST_F(RagaSelection, EachSortEntryAndHeadingSortsAndTakesTheCheckMark) {
   const struct {
-    int column;
+    int heading;  // -1: the menu entry
     int mode;
-    const char* entry;
-  } cases[] = {{4, 2, "cMnuJat"}, {2, 3, "cMnuVad"}, {3, 4, "cMnuSam"},
-               {5, 5, "cMnuAppTim"}, {1, 1, "cMnuTha"}, {0, 0, "cMnuRag"}};
+  } cases[] = {{-1, 0}, {-1, 1}, {-1, 2}, {-1, 3}, {-1, 4}, {-1, 5},
+               {4, 2},  {2, 3},  {3, 4},  {5, 5},  {1, 1},  {0, 0}};
   for (const auto& c : cases) {
-    SCOPED_TRACE(c.entry);
-    clickHeading(c.column);
+    SCOPED_TRACE(kSortEntries[c.mode] + " heading " + std::to_string(c.heading));
+    grid().setRow(2);
+    if (c.heading < 0)
+      screenharness::click(kFormRagaSelection1, kSortEntries[c.mode]);
+    else
+      clickHeading(c.heading);
     EXPECT_EQ(gSortingMode, c.mode);
-    EXPECT_EQ(column(0), kOrderOfMode[c.mode]);
-    EXPECT_EQ(checkedSortEntries(), Names{c.entry});
+    EXPECT_EQ(column(0), queryOrder(c.mode));
+    EXPECT_EQ(checkedSortEntries(), Names{kSortEntries[c.mode]});
+    EXPECT_EQ(grid().row(), 0);
   }
+  screenharness::expectTraceMenuSwitchesTracing(kFormRagaSelection1, sSelectRaga);
 }
 
 TEST_F(RagaSelection, AMouseClickOnAHeadingReachesTheController) {
@@ -204,7 +147,7 @@ TEST_F(RagaSelection, AMouseClickOnAHeadingReachesTheController) {
   QApplication::sendEvent(headings.viewport(), &press);
   QApplication::sendEvent(headings.viewport(), &release);
   EXPECT_EQ(gSortingMode, 2) << "Jati";
-  EXPECT_EQ(column(0), kOrderOfMode[2]);
+  EXPECT_EQ(column(0), queryOrder(2));
 }
 
 TEST_F(RagaSelection, TheSortInForceIsKeptForTheNextVisit) {
@@ -213,15 +156,20 @@ TEST_F(RagaSelection, TheSortInForceIsKeptForTheNextVisit) {
   EXPECT_EQ(gCurrFormId, kFormNadavik);
   sSelectRaga(0);
   EXPECT_EQ(checkedSortEntries(), Names{"cMnuVad"});
-  EXPECT_EQ(column(0), kOrderOfMode[3]);
+  EXPECT_EQ(column(0), queryOrder(3));
 }
 
-TEST_F(RagaSelection, ColumnWidthsAreFractionsOfTheWindowWidth) {
+// Column widths are fractions of the window width; the grid stands right
+// below the headings.
+TEST_F(RagaSelection, ColumnsAreFractionsOfTheWindowWidthBelowTheHeadings) {
   const int normal[] = {328, 205, 55, 109, 205, 328};  // 1366 x .24 .15 .04 .08 .15 .24
   for (int c = 0; c < 6; ++c) {
     EXPECT_EQ(table("cRagaListT").columnWidth(c), normal[c]) << "heading column " << c;
     EXPECT_EQ(table("cRagaList").columnWidth(c), normal[c]) << "raga column " << c;
   }
+  platform::Control& headings = screen().control("cRagaListT");
+  EXPECT_EQ(grid().left(), headings.left());
+  EXPECT_EQ(grid().top(), headings.top() + headings.height());
   screenharness::startAtMainWindow();
   gFormState = 2;
   gMaxFormW = 1920;
@@ -230,15 +178,12 @@ TEST_F(RagaSelection, ColumnWidthsAreFractionsOfTheWindowWidth) {
   EXPECT_EQ(table("cRagaList").columnWidth(2), 77);
 }
 
-TEST_F(RagaSelection, TheRagaGridStandsRightBelowTheHeadings) {
-  platform::Control& headings = screen().control("cRagaListT");
-  EXPECT_EQ(grid().left(), headings.left());
-  EXPECT_EQ(grid().top(), headings.top() + headings.height());
-}
-
-TEST_F(RagaSelection, AClickOnARowMakesThatRagaCurrentAndExploresIt) {
-  screenharness::click(kFormRagaSelection1, kSortEntries[3]);  // Desh, Bhupali, Yaman, ...
-  grid().setRow(2);
+// A click on a row makes that raga current and explores it; coming back
+// finds the grid as it was left, not reloaded.
+TEST_F(RagaSelection, AClickOnARowExploresThatRagaAndGoBackFindsTheGridAsLeft) {
+  clickHeading(2);  // Vadi
+  grid().setTextMatrix(0, 5, "marked");  // a reload would overwrite this
+  grid().setRow(rowOf("Yaman"));
   gTRaga.RagaId = 0;
   screenharness::click(kFormRagaSelection1, "cRagaList");
   EXPECT_EQ(gCurrRagaName, "Yaman");
@@ -249,6 +194,13 @@ TEST_F(RagaSelection, AClickOnARowMakesThatRagaCurrentAndExploresIt) {
   EXPECT_EQ(gCurrFormId, kFormMainOperations);
   EXPECT_EQ(gParentFormIds[kFormMainOperations - 1], kFormRagaSelection1);
   EXPECT_FALSE(screen().visible());
+
+  screenharness::click(kFormMainOperations, "cReturn");
+  EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
+  EXPECT_TRUE(screen().visible());
+  EXPECT_EQ(column(0), queryOrder(3));
+  EXPECT_EQ(grid().textMatrix(0, 5), "marked");
+  EXPECT_EQ(checkedSortEntries(), Names{"cMnuVad"});
 }
 
 TEST_F(RagaSelection, AnyKeyOnTheGridChoosesTheCurrentRow) {
@@ -256,7 +208,7 @@ TEST_F(RagaSelection, AnyKeyOnTheGridChoosesTheCurrentRow) {
     SCOPED_TRACE(keyCode);
     screenharness::startAtMainWindow();
     sSelectRaga(0);
-    grid().setRow(5);
+    grid().setRow(rowOf("Yaman"));
     platform::Event key;
     key.keyCode = keyCode;
     static_cast<platform::QtScreen&>(screen()).dispatch("cRagaList", platform::EventKind::KeyDown,
@@ -264,21 +216,6 @@ TEST_F(RagaSelection, AnyKeyOnTheGridChoosesTheCurrentRow) {
     EXPECT_EQ(gSelRagaName, "Yaman");
     EXPECT_EQ(gCurrFormId, kFormMainOperations);
   }
-}
-
-TEST_F(RagaSelection, ComingBackFromTheExplorationKeepsTheGridAsItWas) {
-  clickHeading(4);  // Jati
-  grid().setTextMatrix(0, 5, "marked");  // a reload would overwrite this
-  grid().setRow(3);
-  screenharness::click(kFormRagaSelection1, "cRagaList");
-  ASSERT_EQ(gCurrFormId, kFormMainOperations);
-
-  screenharness::click(kFormMainOperations, "cReturn");
-  EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
-  EXPECT_TRUE(screen().visible());
-  EXPECT_EQ(column(0), kOrderOfMode[2]);
-  EXPECT_EQ(grid().textMatrix(0, 5), "marked");
-  EXPECT_EQ(checkedSortEntries(), Names{"cMnuJat"});
 }
 
 TEST_F(RagaSelection, AClickOutsideTheDataChoosesNothing) {
@@ -290,6 +227,31 @@ TEST_F(RagaSelection, AClickOutsideTheDataChoosesNothing) {
   EXPECT_EQ(gSelRagaId, 5);
   EXPECT_EQ(gTRaga.RagaId, 0);
   EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
+}
+
+// The review of raga groups: a click on an empty group list stays there; a
+// click on a raga opens its summary over the review, and Go Back returns to
+// the review with its lists kept.
+TEST_F(RagaSelection, AGroupListClickOpensTheSummaryAndGoBackReturnsToTheReview) {
+  screenharness::startAtMainWindow();
+  sReviewTechnicalData(0);
+  gCurrRagaName = "Yaman";
+  screenharness::click(kFormReviewRagas, "cRagaList3");
+  EXPECT_EQ(gCurrRagaName, "");
+  EXPECT_EQ(gCurrFormId, kFormReviewRagas);
+
+  auto& list = screenharness::screenOf(kFormReviewRagas).control("cRagaList2");
+  list.addItem("Puriya");
+  list.addItem("Sohni");
+  list.setListIndex(1);
+  screenharness::click(kFormReviewRagas, "cRagaList2");
+  EXPECT_EQ(gCurrRagaName, "Sohni");
+  EXPECT_EQ(gCurrFormId, kFormRagaInfoSummary);
+  EXPECT_EQ(gParentFormIds[kFormRagaInfoSummary - 1], kFormReviewRagas);
+  screenharness::click(kFormRagaInfoSummary, "cReturn");
+  EXPECT_EQ(gCurrFormId, kFormReviewRagas);
+  EXPECT_FALSE(screenharness::screenOf(kFormRagaInfoSummary).loaded());
+  EXPECT_EQ(list.listCount(), 2) << "the review keeps its lists";
 }
 
 }  // namespace

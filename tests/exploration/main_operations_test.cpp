@@ -37,6 +37,11 @@ std::string fRepeated(const std::string& piece, int times) {
   return text;
 }
 
+// Runs the virtual clock until the run has ended (the selections are back).
+void runOut(ProgramHarness& program, platform::Control& list) {
+  for (int step = 0; step < 2000 && !list.enabled(); ++step) program.clock().advance(50);
+}
+
 class MainOperationsTest : public ::testing::Test {
  protected:
   void SetUp() override {
@@ -191,7 +196,7 @@ TEST_F(MainOperationsTest, DemoOfTheArohaPlaysThroughWithNotationAndReedsSteppin
   EXPECT_TRUE(messageTexts().empty());
 }
 
-TEST_F(MainOperationsTest, LearningStepsThroughAlapPhrasesAndStopReenablesPlay) {
+TEST_F(MainOperationsTest, LearningStepsThroughPhrasesAndThePrevDirectionSticks) {
   click("Option2");
   EXPECT_EQ(gCurrMode, 2);
   clickItem("Alap");
@@ -218,46 +223,55 @@ TEST_F(MainOperationsTest, LearningStepsThroughAlapPhrasesAndStopReenablesPlay) 
   EXPECT_TRUE(ctl("cPlay").enabled());
   EXPECT_EQ(ctl("cCurrentItem").text(), phrase1);
   EXPECT_TRUE(messageTexts().empty());
-}
 
-// The step direction outlives the item: after a Prev the next item opens on
-// its last-but-one phrase.
-TEST_F(MainOperationsTest, PrevIsStickyAcrossItems) {
-  click("Option2");
-  clickItem("Alap");
+  // The step direction outlives the item: after a Prev the next item opens
+  // on its last-but-one phrase.
   click("Option5");
   EXPECT_EQ(gPhraseStep, -1);
   clickItem("Taan");
   EXPECT_EQ(ctl("cInfo").text(), "(Taan 3/4)");
 }
 
-TEST_F(MainOperationsTest, PracticeRefusesBadNotationWithTheScreensMessages) {
+// Practice refuses illegal notation, commas, empty segments and more than
+// 501 words with the screen's messages, and gives the selections back; a
+// phrase longer than the item's timing plays out, its extra notes as long
+// as the last.
+TEST_F(MainOperationsTest, PracticeRefusesBadNotationAndPlaysLongPhrases) {
+  const std::string notAllowed =
+      "One or more changes you made are not allowable. Please check and correct errors.";
+  click("cMnuEng");
   click("Option3");
   clickItem("Pakad");
   EXPECT_FALSE(ctl("cCurrentItem").locked());
-  struct Case {
+  const struct {
     std::string notation;
-    std::string message;
-  };
-  const std::vector<Case> cases = {
-      {"x", "One or more changes you made are not allowable. Please check and correct errors."},
-      {std::string(10000, 'S'),
-       "One or more changes you made are not allowable. Please check and correct errors."},
-      {"S R , G", "One or more changes you made are not allowable. Please check and correct errors."},
-      {fRepeated("S R G ", 1000),
-       "One or more changes you made are not allowable. Please check and correct errors."},
+    std::string message;  // "" when it plays
+  } cases[] = {
+      {"x", notAllowed},
+      {std::string(10000, 'S'), notAllowed},
+      {"S R , G", notAllowed},
+      {fRepeated("S R G ", 1000), notAllowed},
+      {":", notAllowed},
+      {"S R :", notAllowed},
+      {": : S", notAllowed},
       {"", "Please select an item to play"},
       {"   ", "Please select an item to play"},
+      {"S R G M P D N S> R> G> M> P> D> N>", ""},
   };
-  for (const Case& c : cases) {
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.notation.substr(0, 20));
     ctl("cCurrentItem").setText(c.notation);
     const std::size_t before = program.messages().size();
     click("cPlay");
-    ASSERT_EQ(program.messages().size(), before + 1) << c.notation.substr(0, 20);
-    EXPECT_EQ(program.messages().back().text, c.message);
+    runOut(program, ctl("cNVIllusList"));
+    ASSERT_EQ(program.messages().size(), before + (c.message.empty() ? 0 : 1));
+    if (!c.message.empty()) {
+      EXPECT_EQ(program.messages().back().text, c.message);
+    }
     EXPECT_TRUE(ctl("cPlay").enabled());
     EXPECT_TRUE(ctl("cNVIllusList").enabled());
   }
+  EXPECT_EQ(gPlaySet.DurPhrases[0], "50 50 50 90 50 50 90 50 50 50 90 140 140 140");
 }
 
 TEST_F(MainOperationsTest, PracticePlaysTheEditedNotationSegmentBySegment) {
@@ -281,18 +295,10 @@ TEST_F(MainOperationsTest, PracticePlaysTheEditedNotationSegmentBySegment) {
   EXPECT_TRUE(messageTexts().empty());
 }
 
-// Runs the virtual clock until the run has ended (the selections are back).
-void runOut(ProgramHarness& program, platform::Control& list) {
-  for (int step = 0; step < 2000 && !list.enabled(); ++step) program.clock().advance(50);
-}
-
 TEST_F(MainOperationsTest, ACompositionInDemoPlaysBothPartsThenOffersThemForReplay) {
   clickItem("Composition - Saanjh bhayi");
   EXPECT_EQ(gCurrCompName, "Saanjh bhayi");
   EXPECT_EQ(gCurrPhraseKind, 8);
-  EXPECT_EQ(ctl("cInfo").text().rfind("Playing Composition 'Saanjh bhayi' in Taal '", 0), 0u);
-  EXPECT_NE(ctl("cInfo").text().find("' - 16Beats("), std::string::npos);
-  EXPECT_NE(ctl("cInfo").text().find(" - Astai part) : "), std::string::npos);
   EXPECT_NE(gMusicBuffers[1].Caption.find(" - Antara part) : "), std::string::npos);
   EXPECT_EQ(ctl("cInfo").text(), "Playing Composition 'Saanjh bhayi' in Taal '" +
                                      fGetTalaName(gCompInfo[0].TalaId) + "' - 16Beats(" +
@@ -355,31 +361,6 @@ TEST_F(MainOperationsTest, ATonicFromTheMenuRetunesAndSaysSoInThePrompts) {
   EXPECT_NE(ctl("cPrompts").text().find("Using NV Scale with "), std::string::npos);
   EXPECT_TRUE(ctl("cNVIllusList").enabled());
   EXPECT_TRUE(messageTexts().empty());
-}
-
-TEST_F(MainOperationsTest, GoBackLeavesTheScreen) {
-  click("cReturn");
-  EXPECT_NE(gCurrFormId, kFormMainOperations);
-  EXPECT_FALSE(screen().visible());
-}
-
-// Segments without notes are refused like illegal notes; a phrase longer
-// than the item's timing plays out, its extra notes as long as the last.
-TEST_F(MainOperationsTest, PracticeRefusesEmptySegmentsAndPlaysLongPhrases) {
-  click("cMnuEng");
-  click("Option3");
-  clickItem("Pakad");
-  for (const std::string notation : {":", "S R :", ": : S", "S R G M P D N S> R> G> M> P> D> N>"}) {
-    const std::size_t before = program.messages().size();
-    ctl("cCurrentItem").setText(notation);
-    click("cPlay");
-    runOut(program, ctl("cNVIllusList"));
-    EXPECT_TRUE(ctl("cNVIllusList").enabled()) << notation;
-    EXPECT_TRUE(ctl("cPlay").enabled()) << notation;
-    const bool refused = notation.find(':') != std::string::npos;
-    EXPECT_EQ(program.messages().size(), before + (refused ? 1 : 0)) << notation;
-  }
-  EXPECT_EQ(gPlaySet.DurPhrases[0], "50 50 50 90 50 50 90 50 50 50 90 140 140 140");
 }
 
 TEST_F(MainOperationsTest, DemoOfAlapNamesEachPatternAndStopCurrentSkipsOne) {
@@ -449,11 +430,8 @@ TEST_F(MainOperationsTest, PracticeInDevanagariPlaysTheBoxAsEnglishNotes) {
   EXPECT_TRUE(ctl("cPlay").enabled());
 }
 
-TEST_F(MainOperationsTest, EventsOutsideTheTableAndEmptyClicksDoNothing) {
+TEST_F(MainOperationsTest, AClickBesideTheItemsChoosesNothing) {
   const std::string prompts = ctl("cPrompts").text();
-  sMainOperations(4);
-  sMainOperations(22);
-  sMainOperations(-1);
   ctl("cNVIllusList").setListIndex(-1);
   program.fire("MainOperations", "cNVIllusList", EventKind::Click);
   EXPECT_EQ(ctl("cPrompts").text(), prompts);

@@ -100,24 +100,22 @@ TEST_P(KeyboardLayout, ShowsTheTonicsRangeAsAHarmonium) {
 
 INSTANTIATE_TEST_SUITE_P(Tonics, KeyboardLayout, ::testing::Values(1, 3, 5, 8, 12));
 
+// A change of tonic hides the reeds left outside; a tonic outside the
+// tables changes nothing.
 TEST(KeyboardLayout, AChangeOfTonicHidesTheReedsLeftOutside) {
   platform::Screen& form = keyboardAtTonic(1);
   EXPECT_TRUE(form.control("cR", 3).visible());
-  gCurrTonicNoteId = 12;
-  sDisplayKeyboardAlt(form, 1);
-  EXPECT_FALSE(form.control("cR", 3).visible());
-  EXPECT_FALSE(form.control("cL", 12).visible());
-  EXPECT_TRUE(form.control("cR", 40).visible());
-}
-
-TEST(KeyboardLayout, ATonicOutsideTheTablesChangesNothing) {
-  platform::Screen& form = keyboardAtTonic(3);
   const float left = form.control("cR", 12).left();
   for (std::int16_t tonic : {0, 13, -1}) {
     gCurrTonicNoteId = tonic;
     EXPECT_NO_THROW(sDisplayKeyboardAlt(form, 1));
     EXPECT_EQ(form.control("cR", 12).left(), left);
   }
+  gCurrTonicNoteId = 12;
+  sDisplayKeyboardAlt(form, 1);
+  EXPECT_FALSE(form.control("cR", 3).visible());
+  EXPECT_FALSE(form.control("cL", 12).visible());
+  EXPECT_TRUE(form.control("cR", 40).visible());
 }
 
 struct LabelCase {
@@ -129,29 +127,25 @@ struct LabelCase {
 
 class ReedLabels : public ::testing::TestWithParam<LabelCase> {};
 
-TEST_P(ReedLabels, NameTheNotesOnTheReedsInEnglish) {
+// In English in Times New Roman, in Devanagari in the notation font; only
+// the middle Sa is picked out.
+TEST_P(ReedLabels, NameTheNotesOnTheReedsInEitherScript) {
   const LabelCase& c = GetParam();
   platform::Screen& form = keyboardAtTonic(c.tonic);
   EXPECT_EQ(gReedOffset, 3 - c.tonic);
   EXPECT_EQ(form.control("cL", c.middleSaReed).caption(), "S");
   EXPECT_EQ(form.control("cL", c.middleSaReed).foreColor(), kTonicLabelColor);
   EXPECT_EQ(form.control("cL", c.middleSaReed + 12).caption(), "S>");
-  EXPECT_NE(form.control("cL", c.middleSaReed + 12).foreColor(), kTonicLabelColor)
-      << "only the middle Sa is picked out";
+  EXPECT_NE(form.control("cL", c.middleSaReed + 12).foreColor(), kTonicLabelColor);
   EXPECT_EQ(form.control("cL", c.lowestReed).caption(), c.lowestEnglish);
   const platform::Control& label = form.control("cL", c.middleSaReed + 1);
   EXPECT_EQ(label.fontName(), "Times New Roman");
   EXPECT_EQ(label.fontSize(), 12);
   EXPECT_TRUE(label.fontBold());
-}
-
-TEST_P(ReedLabels, NameTheNotesInDevanagariInTheNotationFont) {
-  const LabelCase& c = GetParam();
-  platform::Screen& form = keyboardAtTonic(c.tonic, 1);
+  keyboardAtTonic(c.tonic, 1);
   for (int n = gFirstReed; n <= gLastReed; ++n)
     EXPECT_EQ(form.control("cL", n).caption(), gNoteDev[static_cast<std::size_t>(n + gReedOffset)])
         << n;
-  EXPECT_EQ(form.control("cL", c.middleSaReed).caption(), gNoteDev[kMiddleSaId]);
   EXPECT_EQ(form.control("cL", c.middleSaReed).fontSize(), 16);
   EXPECT_EQ(form.control("cL", c.middleSaReed).foreColor(), kTonicLabelColor);
 }
@@ -173,6 +167,8 @@ TEST(ReedLabels, ARescriptKeepsOnlyOneWhiteLabel) {
   EXPECT_EQ(form.control("cL", 15).foreColor(), kTonicLabelColor);
 }
 
+// Turning the keyboard off hides all and clears the marks; turning it on
+// again shows no stale marks. Hiding it hides the templates too.
 TEST(KeyboardDisplay, TurningOffHidesAllAndClearsTheMarks) {
   platform::Screen& form = keyboardAtTonic(3);
   sMarkNoteReeds(form, 1214, true);
@@ -184,15 +180,12 @@ TEST(KeyboardDisplay, TurningOffHidesAllAndClearsTheMarks) {
   gKeyboardDisplay = 1;
   sImplementCurrKBDisplayMode();
   EXPECT_EQ(visibleReeds(form).size(), 29u);
-  EXPECT_TRUE(markedReeds(form).empty()) << "no stale marks";
+  EXPECT_TRUE(markedReeds(form).empty());
   gKeyboardDisplay = 2;
   sImplementCurrKBDisplayMode();
   EXPECT_TRUE(visibleReeds(form).empty());
   gKeyboardDisplay = 1;
-}
-
-TEST(KeyboardDisplay, HideAlsoHidesTheTemplates) {
-  platform::Screen& form = keyboardAtTonic(3);
+  keyboardAtTonic(3);
   form.control("cR", 0).setVisible(true);
   sHideKeyboard(form);
   EXPECT_FALSE(form.control("cR", 0).visible());
@@ -227,7 +220,9 @@ TEST(ReedMarks, SplitCodesIntoMainAndGraceNotes) {
   }
 }
 
-TEST(ReedMarks, ReedsOffTheKeyboardAreLeftAlone) {
+// Reeds off the keyboard are left alone; restoring a grace code restores
+// both its reeds; unmarking all reaches reed 31.
+TEST(ReedMarks, MarkAndRestoreReedsOnTheKeyboardOnly) {
   platform::Screen& form = keyboardAtTonic(3);
   const int templateColour = form.control("cL", 0).backColor();
   for (int reed : {0, -1, -40, 41, 1214}) {
@@ -236,10 +231,6 @@ TEST(ReedMarks, ReedsOffTheKeyboardAreLeftAlone) {
   }
   EXPECT_TRUE(markedReeds(form).empty());
   EXPECT_EQ(form.control("cL", 0).backColor(), templateColour);
-}
-
-TEST(ReedMarks, RestoringAGraceCodeRestoresBothReeds) {
-  platform::Screen& form = keyboardAtTonic(3);
   sMarkNoteReeds(form, 1214, true);
   EXPECT_EQ(markedReeds(form),
             (std::vector<std::pair<int, int>>{{12, kGraceReedColor}, {14, kSoundingReedColor}}));
@@ -247,14 +238,9 @@ TEST(ReedMarks, RestoringAGraceCodeRestoresBothReeds) {
   EXPECT_TRUE(markedReeds(form).empty());
   sMarkNoteReeds(form, 1214, false);
   EXPECT_EQ(markedReeds(form), (std::vector<std::pair<int, int>>{{14, kSoundingReedColor}}));
-}
-
-TEST(ReedMarks, UnmarkingAllReachesReedThirtyOne) {
-  platform::Screen& form = keyboardAtTonic(3);
   for (int n : {1, 31, 32}) form.control("cL", n).setForeColor(0x0000FF);
   sUnMarkAllReeds(form);
-  EXPECT_EQ(form.control("cL", 1).foreColor(), 0);
-  EXPECT_EQ(form.control("cL", 31).foreColor(), 0);
+  EXPECT_EQ(form.control("cL", 1).foreColor() + form.control("cL", 31).foreColor(), 0);
   EXPECT_EQ(form.control("cL", 32).foreColor(), 0x0000FF);
 }
 

@@ -58,27 +58,21 @@ TEST(Durations, TimingScriptTrimsTheCallersPhrase) {
   EXPECT_EQ(blank, "");
 }
 
-TEST(Durations, FactorHalvesToEvenAndLeavesOneUntouched) {
-  EXPECT_EQ(fFactorTimingScriptBy("15 15 , 15", 0.5), "8 8 , 8");
-  EXPECT_EQ(fFactorTimingScriptBy("25 , 5 ", 0.5), "12 , 2");  // 12.5 and 2.5 to even
-  EXPECT_EQ(fFactorTimingScriptBy("15 15 , 15 ", 1.0), "15 15 , 15 ");
-  EXPECT_EQ(fFactorTimingScriptBy("15 15 ", 0), "0 0");
-  EXPECT_EQ(fFactorTimingScriptBy("15", 2.0), "30");
-}
-
-TEST(Durations, FactorComesFromTheSlider) {
-  EXPECT_EQ(fFactorTimingScript("15 15 , 15", 13), "8 8 , 8");
-  EXPECT_EQ(fFactorTimingScript("15 15 , 15 ", 9), "15 15 , 15 ");
-  EXPECT_EQ(fFactorTimingScript("15", 1), "75");
+// The tempo factor: exactly 1.0 gives the script back untouched, any other
+// rebuilds it with halves to even; the slider's value picks the factor.
+TEST(Durations, TimingScriptAtTheTempoOfTheFactorOrTheSlider) {
+  const struct {
+    double factor;
+    const char* script;
+    const char* scaled;
+  } rows[] = {{0.5, "15 15 , 15", "8 8 , 8"}, {0.5, "25 , 5 ", "12 , 2"},
+              {1.0, "15 15 , 15 ", "15 15 , 15 "}, {0, "15 15 ", "0 0"}, {2.0, "15", "30"}};
+  for (const auto& r : rows) EXPECT_EQ(fFactorTimingScriptBy(r.script, r.factor), r.scaled);
+  const std::pair<int, const char*> sliders[] = {{1, "75"}, {2, "50"}, {9, "15"}, {13, "8"},
+                                                 {17, "5"}};
+  for (const auto& [slider, scaled] : sliders)
+    EXPECT_EQ(fFactorTimingScript("15", slider), scaled) << slider;
   EXPECT_THROW(fFactorTimingScript("15", 19), ErrorTrap);
-}
-
-TEST(Durations, SpeedTableAsEntered) {
-  EXPECT_EQ(gSpeedFactors[9], 1.0);
-  EXPECT_EQ(gSpeedFactors[0], 0.0);
-  EXPECT_EQ(gSpeedFactors[18], 0.0);
-  EXPECT_EQ(gSpeedFactors[2], 3.33);
-  EXPECT_EQ(gSpeedFactors[17], 0.33);
 }
 
 TEST(Durations, CompositionMatraCounts) {

@@ -1,7 +1,8 @@
 // Real screens for tests of screen controllers: the Qt backend on the
-// offscreen platform over the shipped screen definitions, and a library
-// store that holds the layout rows of those screens, so that entering and
-// leaving a screen runs the screen manager end to end without a display.
+// offscreen platform over the shipped screen definitions, and a copy of the
+// built library store, which holds the layout rows of those screens, so
+// that entering and leaving a screen runs the screen manager end to end
+// without a display.
 //
 // State: one QApplication, one window system and one store for the whole
 // test process (screens live as long as the process, as in the program).
@@ -13,9 +14,7 @@
 #include <cstdint>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <memory>
-#include <sstream>
 #include <string>
 #include <vector>
 
@@ -28,54 +27,24 @@
 #include "platform/qt/qt_window_system.h"
 #include "platform/screen.h"
 #include "platform/sqlite/database.h"
-#include "screen_rows.h"
-#include "store_writer.h"
 
 namespace screenharness {
 
-inline std::string readText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
+inline std::string& storePath() {
+  static std::string path;
+  return path;
 }
 
-// The library store's schema: its own tables, then those it shares with
-// the user store, as the build joins them.
-inline std::string libraryStoreSchema() {
-  return readText(NADAVIK_LIBRARY_SCHEMA) + "\n" + readText(NADAVIK_SHARED_SCHEMA);
-}
-
-// Compiles the layout rows of every screen file into a fresh library store
-// in a temporary folder and opens it read-only as gDbA. Returns an error
-// text, empty on success.
-inline std::string openLayoutStore(const std::string& folder) {
-  std::vector<nvstore::Row> rows;
-  for (const auto& file : std::filesystem::directory_iterator(NADAVIK_SCREENS_DIR)) {
-    if (file.path().extension() != ".screen") continue;
-    auto layout = nvstore::readScreenFile(file.path().string());
-    if (!layout.errors.empty()) return layout.errors.front().text();
-    rows.insert(rows.end(), layout.rows.begin(), layout.rows.end());
-  }
-  const std::string storePath = folder + "/mrA.nvy";
-  std::vector<nvstore::SourceError> errors;
-  if (!nvstore::writeStoreFile(storePath, libraryStoreSchema(), "schema_library.sql", rows,
-                               errors))
-    return errors.empty() ? "store not written" : errors.front().text();
-  gDbA = std::make_unique<platform::sqlite::SqliteDatabase>(storePath, false, true);
-  // Closed and removed before the store engine's own statics go at exit.
-  static std::string removeAtExit;
-  removeAtExit = folder;
-  std::atexit([] {
-    gDbA.reset();
-    std::error_code ignored;
-    std::filesystem::remove_all(removeAtExit, ignored);
-  });
-  return "";
+// Opens the test's copy of the library store read-only as gDbA, first
+// running sql on it when given.
+inline void openLibraryStore(const std::string& sql = "") {
+  gDbA.reset();
+  if (!sql.empty()) platform::sqlite::SqliteDatabase(storePath(), false, false).execute(sql);
+  gDbA = std::make_unique<platform::sqlite::SqliteDatabase>(storePath(), false, true);
 }
 
 // Sets up the process once: the application, the screens of `entries` plus
-// the main window, and the layout store. Returns an error text, empty on
+// the main window, and the library store. Returns an error text, empty on
 // success.
 inline std::string setUpScreens(const std::vector<ScreenEntry>& entries) {
   // The application and the screens are kept to the very end of the
@@ -96,7 +65,18 @@ inline std::string setUpScreens(const std::vector<ScreenEntry>& entries) {
   std::filesystem::create_directories(folder);
   gDataPath = folder;
   gErrTraceFile = folder + "/errtrace.txt";
-  if (auto problem = openLayoutStore(folder); !problem.empty()) return problem;
+  // A copy of the built library store, which holds the screens' layout rows;
+  // closed and removed before the store engine's own statics go at exit.
+  storePath() = folder + "/mrA.nvy";
+  std::filesystem::copy_file(NADAVIK_DATA_DIR "/mrA.nvy", storePath());
+  openLibraryStore();
+  static std::string removeAtExit;
+  removeAtExit = folder;
+  std::atexit([] {
+    gDbA.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(removeAtExit, ignored);
+  });
 
   sRegisterScreen({kFormNadavik, "Nadavik", nullptr, nullptr});
   for (const auto& entry : entries) sRegisterScreen(entry);
@@ -135,27 +115,6 @@ inline void click(std::int16_t formId, const std::string& control, int index = -
   event.index = index;
   static_cast<platform::QtScreen&>(screenOf(formId))
       .dispatch(control, platform::EventKind::Click, event);
-}
-
-// Enters the screen of formId from the main window through its
-// controller's event 0 and expects it current and shown, with the main
-// window as its parent; then leaves by its Go Back button and expects the
-// main window back and the screen unloaded.
-inline void expectEntersAndLeavesByGoBack(std::int16_t formId, Controller controller) {
-  startAtMainWindow();
-  controller(0);
-  EXPECT_EQ(gCurrFormId, formId);
-  EXPECT_EQ(gCurrForm, &screenOf(formId));
-  EXPECT_EQ(gParentFormIds[formId - 1], kFormNadavik);
-  EXPECT_TRUE(screenOf(formId).visible());
-  EXPECT_FALSE(screenOf(kFormNadavik).visible());
-
-  click(formId, "cReturn");
-  EXPECT_EQ(gCurrFormId, kFormNadavik);
-  EXPECT_EQ(gCurrForm, &screenOf(kFormNadavik));
-  EXPECT_TRUE(screenOf(kFormNadavik).visible());
-  EXPECT_FALSE(screenOf(formId).loaded());
-  EXPECT_EQ(gInternalClose, 0);
 }
 
 // With tracing offered, the trace entries of the screen switch tracing and

@@ -42,18 +42,12 @@ TEST(ScreenDefinition, ReadsScreenAndControlsInFileOrder) {
   EXPECT_EQ(def->controls[2].separatorsBefore, 1);
   EXPECT_TRUE(def->controls[2].checked);
   EXPECT_EQ(def->controls[4].help, "Back to the main window.");
+  EXPECT_EQ(def->controls[5].kind, ControlKind::Line);  // its second end point in the size
+  EXPECT_DOUBLE_EQ(def->controls[5].w, 0.9);
+  EXPECT_DOUBLE_EQ(def->controls[5].h, 0.5);
   EXPECT_EQ(def->controls[6].interval, 6500);
   EXPECT_FALSE(def->controls[7].enabled);
   EXPECT_EQ(def->controls[7].frame, "Frame1");
-}
-
-TEST(ScreenDefinition, LineKeepsItsSecondEndPointInTheSizeFields) {
-  auto def = parseScreenDefinition(kSample);
-  ASSERT_TRUE(def);
-  const auto& line = def->controls[5];
-  EXPECT_EQ(line.kind, ControlKind::Line);
-  EXPECT_DOUBLE_EQ(line.w, 0.9);
-  EXPECT_DOUBLE_EQ(line.h, 0.5);
 }
 
 TEST(ScreenDefinition, RefusesMalformedFilesWithTheLineNumber) {
@@ -81,19 +75,13 @@ TEST(ScreenDefinition, RefusesMalformedFilesWithTheLineNumber) {
   }
 }
 
-TEST(ScreenDefinition, ArrayElementsOfOneNameAreDistinctControls) {
+TEST(ScreenDefinition, ArrayElementsAreDistinctControlsAndOnlyPlacedKindsHaveGeometry) {
   auto def = parseScreenDefinition("screen A id=1\nlabel cL:0\nlabel cL:1\nlabel cL\n");
   ASSERT_TRUE(def);
   EXPECT_EQ(def->controls.size(), 3u);
-}
-
-TEST(ScreenDefinition, OnlyPlacedKindsHaveGeometry) {
-  EXPECT_FALSE(hasGeometry(ControlKind::Menu));
-  EXPECT_FALSE(hasGeometry(ControlKind::Timer));
-  EXPECT_FALSE(hasGeometry(ControlKind::MediaControl));
-  EXPECT_FALSE(hasGeometry(ControlKind::SysInfo));
-  EXPECT_TRUE(hasGeometry(ControlKind::Line));
-  EXPECT_TRUE(hasGeometry(ControlKind::Grid));
+  for (auto kind : {ControlKind::Menu, ControlKind::Timer, ControlKind::MediaControl, ControlKind::SysInfo})
+    EXPECT_FALSE(hasGeometry(kind));
+  EXPECT_TRUE(hasGeometry(ControlKind::Line) && hasGeometry(ControlKind::Grid));
 }
 
 }  // namespace

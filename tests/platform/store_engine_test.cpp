@@ -100,99 +100,69 @@ std::vector<std::string> column(platform::Recordset& rs, const std::string& name
 
 // --- Value conversions -------------------------------------------------------
 
-TEST(StoreValue, TextToNumberTakesTheLeadingNumber) {
-  struct Row {
+// Text to number takes the leading number (halves to even, beyond the
+// range the largest); Null is not the empty text; numbers to text.
+TEST(StoreValue, ConversionsBetweenTextAndNumbers) {
+  const std::int64_t most = std::numeric_limits<std::int64_t>::max();
+  const struct {
     const char* text;
     std::int64_t integer;
     double real;
-  };
-  const Row rows[] = {
-      {"12", 12, 12.0},
-      {"  -7", -7, -7.0},
-      {"+7", 7, 7.0},
-      {"12abc", 12, 12.0},
-      {"3.25 beats", 3, 3.25},
-      {"2.5", 2, 2.5},
-      {"3.5", 4, 3.5},
-      {"-3.5x", -4, -3.5},
-      {".5", 0, 0.5},
-      {"1e3", 1000, 1000.0},
-      {"1e", 1, 1.0},
-      {"2E-1", 0, 0.2},
-      {"abc", 0, 0.0},
-      {"", 0, 0.0},
-      {"-", 0, 0.0},
-      {".", 0, 0.0},
-      {"12.", 12, 12.0},
-      {"9223372036854775807", std::numeric_limits<std::int64_t>::max(), 9.2233720368547758e18},
-      {"99999999999999999999", std::numeric_limits<std::int64_t>::max(), 1e20},
-  };
-  for (const Row& row : rows) {
-    SCOPED_TRACE(row.text);
-    EXPECT_EQ(Value(row.text).asInteger(), row.integer);
-    EXPECT_DOUBLE_EQ(Value(row.text).asDouble(), row.real);
+  } rows[] = {{"12", 12, 12.0},   {"  -7", -7, -7.0}, {"+7", 7, 7.0},       {"3.25 beats", 3, 3.25},
+              {"2.5", 2, 2.5},    {"3.5", 4, 3.5},    {"-3.5x", -4, -3.5},  {".5", 0, 0.5},
+              {"1e3", 1000, 1e3}, {"1e", 1, 1.0},     {"2E-1", 0, 0.2},     {"abc", 0, 0.0},
+              {"", 0, 0.0},       {"-", 0, 0.0},      {".", 0, 0.0},        {"12.", 12, 12.0},
+              {"9223372036854775807", most, 9.2233720368547758e18},
+              {"99999999999999999999", most, 1e20}};
+  for (const auto& row : rows) {
+    EXPECT_EQ(Value(row.text).asInteger(), row.integer) << row.text;
+    EXPECT_DOUBLE_EQ(Value(row.text).asDouble(), row.real) << row.text;
   }
-}
-
-TEST(StoreValue, NullIsDistinctFromEmptyText) {
   EXPECT_TRUE(Value().isNull());
   EXPECT_FALSE(Value("").isNull());
   EXPECT_NE(Value(), Value(""));
-  EXPECT_EQ(Value().asText(), "");
-  EXPECT_EQ(Value().asInteger(), 0);
-  EXPECT_EQ(Value().asDouble(), 0.0);
-}
-
-TEST(StoreValue, NumbersToText) {
-  EXPECT_EQ(Value(42).asText(), "42");
-  EXPECT_EQ(Value(std::int64_t{-5}).asText(), "-5");
-  EXPECT_EQ(Value(0.5).asText(), "0.5");
-  EXPECT_EQ(Value(1.0 / 3).asText(), "0.333333333333333");
+  EXPECT_EQ(Value().asText() + std::to_string(Value().asInteger() + Value().asDouble()), "0.000000");
+  const std::pair<Value, const char*> texts[] = {{Value(42), "42"}, {Value(std::int64_t{-5}), "-5"},
+                                                 {Value(0.5), "0.5"}, {Value(1.0 / 3), "0.333333333333333"}};
+  for (const auto& [value, text] : texts) EXPECT_EQ(value.asText(), text);
   EXPECT_EQ(Value(2.5).asInteger(), 2);  // halves go to the even neighbour
   EXPECT_EQ(Value(-0.6).asInteger(), -1);
 }
 
 // --- Opening -------------------------------------------------------------------
 
-TEST_F(StoreEngine, MissingFileIsNotCreated) {
-  std::string missing = (dir_ / "mrB.nvy").string();
-  try {
-    platform::defaultWorkspace().openDatabase(missing, true, false, "");
-    FAIL() << "opened a missing file";
-  } catch (const StoreError& error) {
-    EXPECT_EQ(error.number, 3024);
-    EXPECT_NE(std::string(error.what()).find(missing), std::string::npos);
-  }
-  EXPECT_FALSE(fs::exists(missing));
-}
-
-TEST_F(StoreEngine, FileThatIsNotAStoreIsRefusedAndLeftAlone) {
+// A missing file is not created and a file that is not a store is refused,
+// named in the message and left as it was, with no hold left behind.
+TEST_F(StoreEngine, MissingFilesAndFilesThatAreNotStoresAreRefusedAndLeftAlone) {
   const std::string garbage = "This is a text file, not a store.\n" + std::string(2000, 'x');
-  for (bool readOnly : {true, false}) {
-    SCOPED_TRACE(readOnly ? "read-only" : "writable");
-    std::string path = (dir_ / "garbage.nvy").string();
-    std::ofstream(path, std::ios::binary) << garbage;
-    try {
-      platform::defaultWorkspace().openDatabase(path, true, readOnly, "");
-      FAIL() << "opened a text file";
-    } catch (const StoreError& error) {
-      EXPECT_EQ(error.number, 3051);
-      EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
+  const struct {
+    const char* name;
+    const char* content;  // nullptr: no file
+    long number;
+  } cases[] = {{"mrB.nvy", nullptr, 3024}, {"garbage.nvy", garbage.c_str(), 3051},
+               {"empty.nvy", "", 3051}};
+  for (const auto& c : cases)
+    for (bool readOnly : {true, false}) {
+      SCOPED_TRACE(std::string(c.name) + (readOnly ? " read-only" : " writable"));
+      const std::string path = (dir_ / c.name).string();
+      if (c.content) std::ofstream(path, std::ios::binary) << c.content;
+      try {
+        platform::defaultWorkspace().openDatabase(path, true, readOnly, "");
+        ADD_FAILURE() << "opened";
+      } catch (const StoreError& error) {
+        EXPECT_EQ(error.number, c.number);
+        EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
+      }
+      EXPECT_EQ(fs::exists(path), c.content != nullptr);
+      if (c.content) {
+        EXPECT_EQ(fileBytes(path), c.content);
+      }
+      EXPECT_FALSE(fs::exists(path + "-journal"));
+      if (!c.content) continue;
+      fs::copy_file(path_, path, fs::copy_options::overwrite_existing);
+      EXPECT_NO_THROW(platform::defaultWorkspace().openDatabase(path, true, readOnly, ""));
+      fs::remove(path);
     }
-    EXPECT_EQ(fileBytes(path), garbage);
-    EXPECT_FALSE(fs::exists(path + "-journal"));
-    // The failed open left no hold behind.
-    fs::copy_file(path_, path, fs::copy_options::overwrite_existing);
-    EXPECT_NO_THROW(platform::defaultWorkspace().openDatabase(path, true, readOnly, ""));
-  }
-}
-
-TEST_F(StoreEngine, EmptyFileIsNotAStore) {
-  std::string path = (dir_ / "empty.nvy").string();
-  std::ofstream{path};
-  EXPECT_EQ(errorOf([&] { platform::defaultWorkspace().openDatabase(path, true, false, ""); }),
-            3051);
-  EXPECT_EQ(fs::file_size(path), 0u);
 }
 
 TEST_F(StoreEngine, DamagedPagesAreReportedWhenRead) {
@@ -216,104 +186,99 @@ TEST_F(StoreEngine, DamagedPagesAreReportedWhenRead) {
             3049);
 }
 
-TEST_F(StoreEngine, SecondExclusiveOpenInTheSameProcessIsRefused) {
-  auto first = open(false);
-  try {
-    open(true);
-    FAIL() << "second open succeeded";
-  } catch (const StoreError& error) {
-    EXPECT_EQ(error.number, 3045);
-    EXPECT_NE(std::string(error.what()).find(path_), std::string::npos);
+// An exclusive open excludes every other open, in this process and in a
+// second one; shared opens agree with each other but exclude an exclusive
+// one. Refused opens do not disturb the open store.
+TEST_F(StoreEngine, OpensExcludeEachOtherAsAskedAlsoAcrossProcesses) {
+  {
+    auto first = open(false);
+    try {
+      open(true);
+      ADD_FAILURE() << "second open succeeded";
+    } catch (const StoreError& error) {
+      EXPECT_EQ(error.number, 3045);
+      EXPECT_NE(std::string(error.what()).find(path_), std::string::npos);
+    }
+    EXPECT_EQ(errorOf([&] { open(true, false); }), 3045);
+    const std::string answer = probe(path_, "ro");
+    EXPECT_EQ(answer.substr(0, 5), "3045 ") << answer;
+    EXPECT_NE(answer.find(path_), std::string::npos);
+    EXPECT_EQ(first->openRecordset("RagaNameList", RecordsetType::Table)->recordCount(), 5);
+    first->close();
+    EXPECT_EQ(probe(path_, "rw"), "0\n");
+    EXPECT_NO_THROW(open(false));
   }
-  EXPECT_EQ(errorOf([&] { open(true, false); }), 3045);
-  // The refused opens did not disturb the first one.
-  auto rs = first->openRecordset("RagaNameList", RecordsetType::Table);
-  EXPECT_EQ(rs->recordCount(), 5);
-  first->close();
-  EXPECT_NO_THROW(open(false));
-}
-
-TEST_F(StoreEngine, SharedOpensAgreeButExcludeAnExclusiveOne) {
+  {
+    auto readOnly = open(true);
+    EXPECT_EQ(probe(path_, "rw").substr(0, 5), "3045 ");
+  }
   auto first = open(true, false);
   auto second = open(true, false);
   EXPECT_EQ(errorOf([&] { open(true, true); }), 3045);
 }
 
-TEST_F(StoreEngine, SecondProcessIsRefusedWhileTheStoreIsOpen) {
-  {
-    auto store = open(false);
-    std::string answer = probe(path_, "ro");
-    EXPECT_EQ(answer.substr(0, 5), "3045 ") << answer;
-    EXPECT_NE(answer.find(path_), std::string::npos);
-    store->close();
-    EXPECT_EQ(probe(path_, "rw"), "0\n");
-  }
-  auto readOnly = open(true);
-  EXPECT_EQ(probe(path_, "rw").substr(0, 5), "3045 ");
-}
-
 // --- Table-type recordsets -------------------------------------------------
 
+// A table-type recordset runs in the order of its current index (none:
+// the order of insertion); Null keys sort first, descending indexes keep
+// their direction, and Seek on a key with duplicates finds the first.
 TEST_F(StoreEngine, TableOrderFollowsTheCurrentIndex) {
   auto store = open(true);
-  auto rs = store->openRecordset("RagaNameList", RecordsetType::Table);
-  EXPECT_EQ(column(*rs, "Raga"),
-            (std::vector<std::string>{"Yaman", "Bhairav", "Kafi", "Todi", "Desh"}));
-  rs->setIndex("PrimaryKey");
-  EXPECT_EQ(column(*rs, "Raga"),
-            (std::vector<std::string>{"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}));
-  rs->setIndex("RagaIndex");
-  EXPECT_EQ(column(*rs, "Raga Index"), (std::vector<std::string>{"1", "2", "3", "4", "5"}));
-}
-
-TEST_F(StoreEngine, NullKeysAndDescendingIndexesKeepTheirOrder) {
-  auto store = open(true);
+  const struct {
+    const char* table;
+    const char* index;  // "" for none
+    const char* field;
+    std::vector<std::string> order;
+  } cases[] = {
+      {"RagaNameList", "", "Raga", {"Yaman", "Bhairav", "Kafi", "Todi", "Desh"}},
+      {"RagaNameList", "PrimaryKey", "Raga", {"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}},
+      {"RagaNameList", "RagaIndex", "Raga Index", {"1", "2", "3", "4", "5"}},
+      {"RagaNameList", "ByLevel", "Raga", {"Todi", "Kafi", "Desh", "Yaman", "Bhairav"}},
+      {"User Patterns", "PatternByName", "PatternId", {"1", "3", "4", "5", "2"}},
+  };
+  for (const auto& c : cases) {
+    auto rs = store->openRecordset(c.table, RecordsetType::Table);
+    if (*c.index) rs->setIndex(c.index);
+    EXPECT_EQ(column(*rs, c.field), c.order) << c.index;
+    rs->moveLast();
+    EXPECT_EQ(rs->field(c.field).asText(), c.order.back()) << c.index;
+  }
   auto patterns = store->openRecordset("User Patterns", RecordsetType::Table);
   patterns->setIndex("PatternByName");
-  EXPECT_EQ(column(*patterns, "PatternId"), (std::vector<std::string>{"1", "3", "4", "5", "2"}));
   patterns->seek("=", {"a"});
   patterns->moveNext();
   EXPECT_EQ(patterns->field("PatternId").asInteger(), 5);
+}
+
+// Seek finds the first row of the key in the current index (names ignore
+// case; a text key meets an integer column; leading key columns suffice),
+// and MoveNext goes on in index order.
+TEST_F(StoreEngine, SeekFindsTheFirstRowOfTheKeyAndMoveNextGoesOnInIndexOrder) {
+  auto store = open(true);
   auto ragas = store->openRecordset("RagaNameList", RecordsetType::Table);
-  ragas->setIndex("ByLevel");
-  EXPECT_EQ(column(*ragas, "Raga"),
-            (std::vector<std::string>{"Todi", "Kafi", "Desh", "Yaman", "Bhairav"}));
-  ragas->moveLast();
-  EXPECT_EQ(ragas->field("Raga").asText(), "Bhairav");
+  ragas->setIndex("RAGAINDEX");
+  ragas->seek("=", {3});
+  EXPECT_EQ(ragas->field("raga").asText(), "Yaman");
+  ragas->moveNext();
+  EXPECT_EQ(ragas->field("Raga").asText(), "Desh");
+  auto phrases = store->openRecordset("Raga - ALT Phrases", RecordsetType::Table);
+  phrases->setIndex("PrimaryKey");
+  phrases->seek("=", {3, 2});
+  EXPECT_EQ(phrases->field("NotesPhrase").asText(), "S R");
+  phrases->seek("=", {3});
+  EXPECT_EQ(phrases->field("PhraseType").asInteger(), 1);
+  phrases->seek("=", {3, 3});
+  EXPECT_TRUE(phrases->noMatch());
+  phrases->seek("=", {Value("1"), Value(1)});
+  EXPECT_FALSE(phrases->noMatch());
+  auto empty = store->openRecordset("Empty", RecordsetType::Table);
+  EXPECT_TRUE(empty->eof() && empty->bof() && empty->recordCount() == 0);
+  empty->moveLast();
+  empty->moveFirst();
+  EXPECT_TRUE(empty->eof());
 }
 
-TEST_F(StoreEngine, SeekThenMoveNextContinuesInIndexOrder) {
-  auto store = open(true);
-  auto rs = store->openRecordset("RagaNameList", RecordsetType::Table);
-  rs->setIndex("RAGAINDEX");  // index and field names ignore case
-  rs->seek("=", {3});
-  ASSERT_FALSE(rs->noMatch());
-  EXPECT_EQ(rs->field("raga").asText(), "Yaman");
-  rs->moveNext();
-  EXPECT_EQ(rs->field("Raga").asText(), "Desh");
-  rs->moveNext();
-  rs->moveNext();
-  EXPECT_TRUE(rs->eof());
-  EXPECT_EQ(errorOf([&] { rs->moveNext(); }), 3021);
-}
-
-TEST_F(StoreEngine, SeekOnLeadingKeyColumnsAndMisses) {
-  auto store = open(true);
-  auto rs = store->openRecordset("Raga - ALT Phrases", RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
-  rs->seek("=", {3, 2});
-  ASSERT_FALSE(rs->noMatch());
-  EXPECT_EQ(rs->field("NotesPhrase").asText(), "S R");
-  rs->seek("=", {3});  // the first row of raga 3 in key order
-  EXPECT_EQ(rs->field("PhraseType").asInteger(), 1);
-  rs->seek("=", {3, 3});
-  EXPECT_TRUE(rs->noMatch());
-  EXPECT_EQ(errorOf([&] { rs->field("NotesPhrase"); }), 3021);
-  rs->seek("=", {Value("1"), Value(1)});  // a text key meets an integer column
-  EXPECT_FALSE(rs->noMatch());
-}
-
-TEST_F(StoreEngine, NullAndEmptyTextStayApart) {
+TEST_F(StoreEngine, NullAndEmptyTextStayApartInTablesAndQueries) {
   auto store = open(true);
   auto rs = store->openRecordset("User Parameters", RecordsetType::Table);
   rs->setIndex("PrimaryKey");
@@ -332,55 +297,39 @@ TEST_F(StoreEngine, NullAndEmptyTextStayApart) {
 TEST_F(StoreEngine, MisuseGivesTheErrorNumbersTheTrapKnows) {
   auto store = open(true);
   auto rs = store->openRecordset("RagaNameList", RecordsetType::Table);
-  struct Row {
+  auto none = store->openRecordset("SELECT Raga FROM RagaNameList WHERE Level = 9;",
+                                   RecordsetType::Snapshot);
+  auto empty = store->openRecordset("Empty", RecordsetType::Table);
+  auto open = [&](const char* source, RecordsetType type) { store->openRecordset(source, type); };
+  const struct {
     const char* what;
     std::function<void()> action;
     long number;
-  };
-  const Row rows[] = {
+  } rows[] = {
       {"seek without index", [&] { rs->seek("=", {1}); }, 3019},
       {"unknown index", [&] { rs->setIndex("Level"); }, 3015},
       {"unknown field", [&] { rs->field("Raga Name"); }, 3265},
       {"field number out of range", [&] { rs->fieldAt(3); }, 3265},
-      {"unknown table", [&] { store->openRecordset("Ragas", RecordsetType::Table); }, 3078},
-      {"query on unknown table",
-       [&] { store->openRecordset("SELECT x FROM [No Table];", RecordsetType::Dynaset); }, 3078},
+      {"unknown table", [&] { open("Ragas", RecordsetType::Table); }, 3078},
+      {"query on unknown table", [&] { open("SELECT x FROM [No Table];", RecordsetType::Dynaset); }, 3078},
       {"bad query expression",
-       [&] {
-         store->openRecordset("SELECT Raga FROM RagaNameList WHERE ((Level = ;",
-                              RecordsetType::Dynaset);
-       },
-       3075},
+       [&] { open("SELECT Raga FROM RagaNameList WHERE ((Level = ;", RecordsetType::Dynaset); }, 3075},
       {"unknown column in query",
-       [&] {
-         store->openRecordset("SELECT [Set Name] FROM RagaNameList;", RecordsetType::Dynaset);
-       },
-       3075},
+       [&] { open("SELECT [Set Name] FROM RagaNameList;", RecordsetType::Dynaset); }, 3075},
       {"write on read-only store", [&] { rs->addNew(); }, 3027},
       {"edit on read-only store", [&] { rs->edit(); }, 3027},
       {"statement on read-only store", [&] { store->execute("DELETE FROM RagaNameList;"); }, 3027},
       {"update without edit", [&] { rs->update(); }, 3020},
+      {"field of an empty table", [&] { empty->field("Name"); }, 3021},
+      {"move past the end", [&] { none->moveNext(); }, 3021},
+      {"seek other than equal", [&] { rs->setIndex("PrimaryKey"), rs->seek(">=", {"K"}); }, 3251},
+      {"seek beyond the key", [&] { rs->seek("=", {"Kafi", 1}); }, 3251},
+      {"field after a missed seek", [&] { rs->seek("=", {"Marwa"}), rs->field("Raga"); }, 3021},
   };
-  for (const Row& row : rows) EXPECT_EQ(errorOf(row.action), row.number) << row.what;
-  rs->setIndex("PrimaryKey");
-  EXPECT_EQ(errorOf([&] { rs->seek(">=", {"K"}); }), 3251);
-  EXPECT_EQ(errorOf([&] { rs->seek("=", {"Kafi", 1}); }), 3251);
+  for (const auto& row : rows) EXPECT_EQ(errorOf(row.action), row.number) << row.what;
 }
 
-TEST_F(StoreEngine, EmptyTableIsAtBothEnds) {
-  auto store = open(true);
-  auto rs = store->openRecordset("Empty", RecordsetType::Table);
-  EXPECT_TRUE(rs->eof());
-  EXPECT_TRUE(rs->bof());
-  EXPECT_EQ(rs->recordCount(), 0);
-  rs->moveLast();
-  rs->moveFirst();
-  EXPECT_TRUE(rs->eof());
-  EXPECT_EQ(errorOf([&] { rs->field("Name"); }), 3021);
-}
-
-// --- Query recordsets ------------------------------------------------------
-
+// A query counts the rows it has visited, all of them after MoveLast.
 TEST_F(StoreEngine, QueryCountsTheRowsVisited) {
   auto store = open(true);
   auto rs = store->openRecordset("SELECT Raga FROM RagaNameList WHERE Level <= 2 ORDER BY Raga;",
@@ -394,26 +343,11 @@ TEST_F(StoreEngine, QueryCountsTheRowsVisited) {
   rs->moveFirst();
   EXPECT_EQ(rs->recordCount(), 4);
   EXPECT_EQ(column(*rs, "Raga"), (std::vector<std::string>{"Bhairav", "Desh", "Kafi", "Yaman"}));
-
   auto none = store->openRecordset("SELECT Raga FROM RagaNameList WHERE Level = 9;",
                                    RecordsetType::Snapshot);
   EXPECT_TRUE(none->eof());
   none->moveLast();
   EXPECT_EQ(none->recordCount(), 0);
-  EXPECT_EQ(errorOf([&] { none->moveNext(); }), 3021);
-}
-
-TEST_F(StoreEngine, QueryRecordsetsAreNotWritable) {
-  auto store = open(false);
-  auto rs = store->openRecordset("RagaNameList", RecordsetType::Dynaset);
-  EXPECT_EQ(rs->fieldCount(), 3);
-  EXPECT_EQ(errorOf([&] { rs->edit(); }), 3251);
-  EXPECT_EQ(errorOf([&] { rs->seek("=", {1}); }), 3251);
-  EXPECT_EQ(
-      errorOf([&] { store->openRecordset("DELETE FROM RagaNameList;", RecordsetType::Dynaset); }),
-      3251);
-  auto table = store->openRecordset("RagaNameList", RecordsetType::Table);
-  EXPECT_EQ(table->recordCount(), 5);
 }
 
 // --- Writes ------------------------------------------------------------------
@@ -471,7 +405,9 @@ TEST_F(StoreEngine, UpdateIsCommittedWhenItReturns) {
   EXPECT_EQ(rs->field("Parameter Value"), Value("7"));  // text, as the column holds
 }
 
-TEST_F(StoreEngine, DuplicateKeyIsRefusedAndChangesNothing) {
+// A duplicate key, a missing required value and writes through a query are
+// refused and change nothing.
+TEST_F(StoreEngine, RefusedWritesChangeNothing) {
   auto store = open(false);
   auto rs = store->openRecordset("RagaNameList", RecordsetType::Table);
   rs->addNew();
@@ -481,8 +417,14 @@ TEST_F(StoreEngine, DuplicateKeyIsRefusedAndChangesNothing) {
   rs->addNew();
   rs->setField("Raga", Value("Marwa"));
   EXPECT_EQ(errorOf([&] { rs->update(); }), 3314);  // Raga Index is required
-  EXPECT_EQ(rs->recordCount(), 5);
   EXPECT_EQ(errorOf([&] { rs->setField("Level", Value(1)); }), 3020);
+  auto query = store->openRecordset("RagaNameList", RecordsetType::Dynaset);
+  EXPECT_EQ(query->fieldCount(), 3);
+  EXPECT_EQ(errorOf([&] { query->edit(); }), 3251);
+  EXPECT_EQ(errorOf([&] { query->seek("=", {1}); }), 3251);
+  EXPECT_EQ(errorOf([&] { store->openRecordset("DELETE FROM RagaNameList;", RecordsetType::Dynaset); }),
+            3251);
+  EXPECT_EQ(rs->recordCount(), 5);
 }
 
 TEST_F(StoreEngine, DeleteLeavesTheGapAndMoveNextGoesOn) {

@@ -103,28 +103,29 @@ TEST_F(MusicFileBuildTest, EachFileLastsAsLongAsItsBufferWithinOneMillisecond) {
   EXPECT_TRUE(messageTexts().empty());
 }
 
+// A drone mix the library does not know, an unwritable folder and a zero
+// length note (the durations run out) fail in the library: its message,
+// then the preparation's. A stale file is deleted before the build, so a
+// failure leaves none.
 TEST_F(MusicFileBuildTest, ALibraryFailureShowsItsMessageThenThePreparationMessage) {
-  sPlayOnePhrase("S R G", "40 40 40");
-  gMusicBuffers[0].Count = fCreateNotesList1(0);
-  // A stale file is deleted before the build, so a failure leaves none.
-  { std::ofstream(gWavA) << "stale"; }
-  gWavOption = 7;  // no drone mix the library knows
-  EXPECT_EQ(fPrepareToPlaySelection1(0), 0);
-  EXPECT_EQ(messageTexts(), (Messages{"Error creating music file", "Error Preparing Music File"}));
-  EXPECT_FALSE(fs::exists(gWavA));
-
-  windows_.messages.clear();
-  gWavOption = 1;
-  gWavFiles[0] = (file("no such folder") / "A.wav").string();
-  EXPECT_EQ(fPrepareToPlaySelection1(0), 0);
-  EXPECT_EQ(messageTexts(), (Messages{"Error creating music file", "Error Preparing Music File"}));
-}
-
-TEST_F(MusicFileBuildTest, AZeroLengthNoteIsRefusedByTheLibrary) {
-  sPlayOnePhrase("S R G", "40");  // the durations run out after the first note
-  gMusicBuffers[0].Count = fCreateNotesList1(0);
-  EXPECT_EQ(fPrepareToPlaySelection1(0), 0);
-  EXPECT_EQ(messageTexts(), (Messages{"Error creating music file", "Error Preparing Music File"}));
+  const struct {
+    const char* durations;
+    std::int16_t wavOption;
+    std::string file;
+  } cases[] = {{"40 40 40", 7, gWavA}, {"40 40 40", 1, (file("no such folder") / "A.wav").string()},
+               {"40", 1, gWavA}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.file);
+    windows_.messages.clear();
+    sPlayOnePhrase("S R G", c.durations);
+    gMusicBuffers[0].Count = fCreateNotesList1(0);
+    gWavOption = c.wavOption;
+    gWavFiles[0] = c.file;
+    std::ofstream(gWavA) << "stale";
+    EXPECT_EQ(fPrepareToPlaySelection1(0), 0);
+    EXPECT_EQ(messageTexts(), (Messages{"Error creating music file", "Error Preparing Music File"}));
+    EXPECT_FALSE(fs::exists(c.file));
+  }
 }
 
 TEST_F(MusicFileBuildTest, ABufferOutsideTheThreeIsARangeError) {

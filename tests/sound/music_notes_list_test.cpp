@@ -27,59 +27,50 @@ using NotesListTest = MusicFileTest;
 Codes codesOf(const MusicBuffer& b) { return Codes(b.NoteCodes.begin(), b.NoteCodes.end() - 1); }
 Ms durationsOf(const MusicBuffer& b) { return Ms(b.DurationsMs.begin(), b.DurationsMs.end() - 1); }
 
-TEST_F(NotesListTest, StoredArohaGivesCodesDurationsAndRunningTimes) {
-  sPlayOnePhrase("N< R G M D N S>", "40 40 40 40 40 40 80");
-  ASSERT_EQ(fCreateNotesList1(0), 7);
-  const MusicBuffer& b = gMusicBuffers[0];
-  EXPECT_EQ(codesOf(b), (Codes{11, 14, 16, 18, 21, 23, 24}));  // M is tivra
-  EXPECT_EQ(durationsOf(b), (Ms{400, 400, 400, 400, 400, 400, 800}));
-  EXPECT_EQ(b.TimesMs, (Ms{0, 400, 800, 1200, 1600, 2000, 2400, 3200}));
-  EXPECT_EQ(b.CurrNote, 1);
-  EXPECT_EQ(b.Script, 2);
-  EXPECT_EQ(b.Text, "N< R G M D N S>");
-  EXPECT_EQ(fGetWord1(b.Text, 7, b.WordStarts, b.WordLengths), "S>");
-  EXPECT_EQ(b.Count, 0) << "the caller stores the count";
-}
-
-TEST_F(NotesListTest, GraceWordsJoinTheirPiecesIntoOneCode) {
-  // The close of a stored alap phrase, and a grace pair whose first piece
-  // loses its leading zero.
-  sPlayOnePhrase("N<'R S D<'S R'G r<'S", "60 160 15 25 30");
-  ASSERT_EQ(fCreateNotesList1(1), 5);
-  const MusicBuffer& b = gMusicBuffers[1];
-  EXPECT_EQ(codesOf(b), (Codes{1114, 12, 912, 1416, 112}));
-  EXPECT_EQ(durationsOf(b), (Ms{600, 1600, 150, 250, 300}));
-  EXPECT_EQ(b.TimesMs.back(), 2900);
-}
-
-TEST_F(NotesListTest, APhraseWithoutDurationsGivesOneSecondANote) {
-  gCurrPhraseKind = 8;
-  gCurrMode = 3;  // even a composition outside Demo
-  sPlayOnePhrase("S R G", "");
-  ASSERT_EQ(fCreateNotesList1(0), 3);
-  EXPECT_EQ(durationsOf(gMusicBuffers[0]), (Ms{1000, 1000, 1000}));
-  EXPECT_EQ(gMusicBuffers[0].TimesMs, (Ms{0, 1000, 2000, 3000}));
-}
-
-TEST_F(NotesListTest, OnlyTaansAndFilmSongsKeepADecimalPart) {
-  struct Row {
-    std::int16_t kind;
+// Note codes of plain and grace words (the pieces joined into one code, a
+// first piece losing its leading zero), durations in ms and running times.
+// Without durations each note lasts a second, even for a composition
+// outside Demo; notes past the last duration word get no time; only taans
+// (kind 6) and film songs (kind 9) keep a decimal part, halves to even.
+TEST_F(NotesListTest, CodesDurationsAndRunningTimes) {
+  const struct {
+    std::int16_t kind, mode;
+    const char* notes;
     const char* durations;
-    Ms expected;
-  } rows[] = {
-      {6, "2.5 1.25 15", {25, 12, 150}},  // halves to even: 12.5 gives 12
-      {9, "0.26 7.5 3", {3, 75, 30}},
-      {1, "2.5 1.25 15", {20, 10, 150}},
-      {4, "2.9 0.5 15", {20, 0, 150}},
-      {8, "2.5 1.25 15", {20, 10, 150}},
+    Codes codes;
+    Ms durationsMs, timesMs;  // times {}: not checked
+  } cases[] = {
+      {1, 1, "N< R G M D N S>", "40 40 40 40 40 40 80", {11, 14, 16, 18, 21, 23, 24},
+       {400, 400, 400, 400, 400, 400, 800}, {0, 400, 800, 1200, 1600, 2000, 2400, 3200}},
+      {1, 1, "N<'R S D<'S R'G r<'S", "60 160 15 25 30", {1114, 12, 912, 1416, 112},
+       {600, 1600, 150, 250, 300}, {0, 600, 2200, 2350, 2600, 2900}},
+      {8, 3, "S R G", "", {12, 14, 16}, {1000, 1000, 1000}, {0, 1000, 2000, 3000}},
+      {1, 1, "S R G", "50", {12, 14, 16}, {500, 0, 0}, {0, 500, 0, 0}},
+      {6, 1, "S R G", "2.5 1.25 15", {12, 14, 16}, {25, 12, 150}, {}},
+      {9, 1, "S R G", "0.26 7.5 3", {12, 14, 16}, {3, 75, 30}, {}},
+      {1, 1, "S R G", "2.5 1.25 15", {12, 14, 16}, {20, 10, 150}, {}},
+      {4, 1, "S R G", "2.9 0.5 15", {12, 14, 16}, {20, 0, 150}, {}},
+      {8, 1, "S R G", "2.5 1.25 15", {12, 14, 16}, {20, 10, 150}, {}},
   };
-  for (const Row& r : rows) {
-    SCOPED_TRACE(r.kind);
-    gCurrPhraseKind = r.kind;
-    sPlayOnePhrase("S R G", r.durations);
-    ASSERT_EQ(fCreateNotesList1(0), 3);
-    EXPECT_EQ(durationsOf(gMusicBuffers[0]), r.expected);
+  for (const auto& c : cases) {
+    SCOPED_TRACE(std::string(c.notes) + " / " + c.durations);
+    gCurrPhraseKind = c.kind;
+    gCurrMode = c.mode;
+    sPlayOnePhrase(c.notes, c.durations);
+    ASSERT_EQ(fCreateNotesList1(1), static_cast<std::int16_t>(c.codes.size()));
+    const MusicBuffer& b = gMusicBuffers[1];
+    EXPECT_EQ(codesOf(b), c.codes);
+    EXPECT_EQ(durationsOf(b), c.durationsMs);
+    if (!c.timesMs.empty()) {
+      EXPECT_EQ(b.TimesMs, c.timesMs);
+    }
+    EXPECT_EQ(b.CurrNote, 1);
+    EXPECT_EQ(b.Script, 2);
+    EXPECT_EQ(b.Text, c.notes);
+    EXPECT_EQ(b.Count, 0) << "the caller stores the count";
   }
+  EXPECT_EQ(fGetWord1(gMusicBuffers[1].Text, 3, gMusicBuffers[1].WordStarts,
+                      gMusicBuffers[1].WordLengths), "G");
 }
 
 TEST_F(NotesListTest, ACompositionOutsideDemoIsTimedOnItsBeatGrid) {
@@ -129,13 +120,6 @@ TEST_F(NotesListTest, TheGridRunsAtTheSlidersTempoRoundedAtEachSlot) {
   screen.control("cSlider").setValue(19);
   EXPECT_THROW(fCreateNotesList1(0), ErrorTrap);
   gCurrForm = nullptr;
-}
-
-TEST_F(NotesListTest, NotesPastTheLastDurationWordGetNoTime) {
-  sPlayOnePhrase("S R G", "50");
-  ASSERT_EQ(fCreateNotesList1(0), 3);
-  EXPECT_EQ(durationsOf(gMusicBuffers[0]), (Ms{500, 0, 0}));
-  EXPECT_EQ(gMusicBuffers[0].TimesMs, (Ms{0, 500, 0, 0}));
 }
 
 TEST_F(NotesListTest, DevanagariTextKeepsOneWordPerNote) {

@@ -67,59 +67,44 @@ TEST(PlaybackChain, PlaysEachPhraseInTurnAndReportsTheEndOnce) {
   EXPECT_EQ(stage().opened.size(), 3u);
 }
 
-TEST(PlaybackChain, BuildsTheNextPhraseWhileOneSounds) {
-  reset();
-  preparePlaySet({kPhrase1, kPhrase2, kPhrase3});
-  startChain();
-  ASSERT_EQ(stage().builds.size(), 1u);
-  EXPECT_EQ(stage().builds[0].buffer, 1);
-  EXPECT_TRUE(stage().builds[0].whilePlaying);
-  advance(kPhraseMs + kSettleMs);
-  ASSERT_EQ(stage().builds.size(), 2u);
-  EXPECT_EQ(stage().builds[1].buffer, 0) << "phrase 3 reuses the first buffer";
-  EXPECT_TRUE(stage().builds[1].whilePlaying);
-  advance(kPhraseMs + kSettleMs);
-  EXPECT_EQ(stage().builds.size(), 2u) << "no phrase follows the last";
-}
-
-TEST(PlaybackChain, PlaysOnlyTheChosenRange) {
-  reset();
-  preparePlaySet({kPhrase1, kPhrase2, kPhrase3}, 2, 3);
-  startChain();
-  EXPECT_EQ(stage().opened, (Files{"B.wav"}));
-  advance(2 * (kPhraseMs + kSettleMs));
-  EXPECT_EQ(stage().opened, (Files{"B.wav", "A.wav"}));
-  EXPECT_EQ(stage().events, (Events{kEventRangeEnded}));
-  EXPECT_EQ(gPlaySet.Position, 2);
-}
-
-TEST(PlaybackChain, OnePhraseEndsRightAfterItsFile) {
-  reset();
-  preparePlaySet({kPhrase1});
-  startChain();
-  EXPECT_TRUE(stage().builds.empty());
-  advance(kPhraseMs + kSettleMs);
-  EXPECT_EQ(stage().events, (Events{kEventRangeEnded}));
-  EXPECT_EQ(stage().opened.size(), 1u);
-}
-
-TEST(PlaybackChain, WithoutPrefetchNoFileIsBuiltDuringPlay) {
-  reset();
-  gPrefetchMode = kPrefetchNone;
-  preparePlaySet({kPhrase1, kPhrase2});
-  startChain();
-  EXPECT_TRUE(stage().builds.empty());
-}
-
-TEST(PlaybackChain, FixedBufferPlaysTheSameFileForEveryPhrase) {
-  reset();
-  preparePlaySet({kPhrase1, kPhrase2});
-  gBufferRotation = false;
-  gCurrBuffer = 0;
-  gPrefetchMode = kPrefetchNone;
-  startChain();
-  advance(kPhraseMs + kSettleMs);
-  EXPECT_EQ(stage().opened, (Files{"A.wav", "A.wav"}));
+// Runs of the chain to their end: the files opened in turn, the buffers
+// built while a file sounds, and the end of the run reported once, with the
+// cursor back on the range's first phrase.
+TEST(PlaybackChain, RunsOfTheChain) {
+  const struct {
+    const char* what;
+    int phrases;
+    std::int16_t first, last;
+    std::int16_t prefetch;
+    bool rotation;
+    Files opened;
+    std::vector<std::int16_t> builtWhilePlaying;
+  } runs[] = {
+      // phrase 3 reuses the first buffer; no phrase follows the last
+      {"three phrases", 3, 1, 3, kPrefetchNext, true, {"A.wav", "B.wav", "A.wav"}, {1, 0}},
+      {"the chosen range", 3, 2, 3, kPrefetchNext, true, {"B.wav", "A.wav"}, {0}},
+      {"one phrase", 1, 1, 1, kPrefetchNext, true, {"A.wav"}, {}},
+      {"without prefetch", 2, 1, 2, kPrefetchNone, true, {"A.wav", "B.wav"}, {}},
+      {"a fixed buffer", 2, 1, 2, kPrefetchNone, false, {"A.wav", "A.wav"}, {}},
+  };
+  const std::pair<std::string, std::string> phrases[] = {kPhrase1, kPhrase2, kPhrase3};
+  for (const auto& r : runs) {
+    SCOPED_TRACE(r.what);
+    reset();
+    gPrefetchMode = r.prefetch;
+    preparePlaySet({phrases, phrases + r.phrases}, r.first, r.last);
+    gBufferRotation = r.rotation;
+    if (!r.rotation) gCurrBuffer = 0;
+    startChain();
+    advance(r.phrases * (kPhraseMs + kSettleMs) + 5000);
+    EXPECT_EQ(stage().opened, r.opened);
+    std::vector<std::int16_t> built;
+    for (const auto& b : stage().builds)
+      if (b.whilePlaying) built.push_back(b.buffer);
+    EXPECT_EQ(built, r.builtWhilePlaying);
+    EXPECT_EQ(stage().events, (Events{kEventRangeEnded}));
+    EXPECT_EQ(gPlaySet.Position, r.first);
+  }
 }
 
 TEST(PlaybackChain, AFailedBuildStopsTheChainWithItsMessage) {

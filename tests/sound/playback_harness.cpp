@@ -1,12 +1,13 @@
 // The playing chain's test stage (see playback_harness.h).
 #include "playback_harness.h"
 
+#include "audio_fixture.h"
+
 #include <QApplication>
 
 #include <algorithm>
 #include <cstdlib>
 #include <filesystem>
-#include <fstream>
 #include <numeric>
 
 #include <unistd.h>
@@ -35,28 +36,13 @@ std::int16_t buildSilentPhraseFile(std::int16_t buffer);
 
 namespace {
 
-constexpr int kSampleRate = 8000;
-
+// A silent 8 kHz wave file of durationMs.
 void writeSilentWave(const std::string& path, long durationMs) {
-  const std::uint32_t samples = static_cast<std::uint32_t>(durationMs * kSampleRate / 1000);
-  const std::uint32_t dataBytes = samples * 2;
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  auto u32 = [&out](std::uint32_t v) { out.write(reinterpret_cast<const char*>(&v), 4); };
-  auto u16 = [&out](std::uint16_t v) { out.write(reinterpret_cast<const char*>(&v), 2); };
-  out.write("RIFF", 4);
-  u32(36 + dataBytes);
-  out.write("WAVEfmt ", 8);
-  u32(16);
-  u16(1);
-  u16(1);
-  u32(kSampleRate);
-  u32(kSampleRate * 2);
-  u16(2);
-  u16(16);
-  out.write("data", 4);
-  u32(dataBytes);
-  const std::string silence(dataBytes, '\0');
-  out.write(silence.data(), static_cast<std::streamsize>(silence.size()));
+  platform::testing::WaveSpec spec;
+  spec.sampleRate = 8000;
+  spec.frames = static_cast<std::uint32_t>(durationMs * 8);
+  spec.toneHz = 0;
+  platform::testing::writeBytes(path, platform::testing::waveBytes(spec));
 }
 
 platform::Screen* gStageForm = nullptr;

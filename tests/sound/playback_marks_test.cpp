@@ -3,6 +3,8 @@
 // keyboard, and the composition grid's sounding cell.
 #include <gtest/gtest.h>
 
+#include <cctype>
+
 #include "core/session.h"
 #include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"
@@ -27,113 +29,81 @@ constexpr int kPink = kGraceReedColor;
 const MusicBuffer& sounding() { return gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)]; }
 
 // Status ticks come every 20 ms from the start of play, so a note whose
-// time is a multiple of 20 is reached exactly on its tick.
-TEST(PlaybackMarks, EachNoteIsShownWhenThePositionReachesIt) {
-  platform::Screen& form = reset();
-  preparePlaySet({{"S R G", "50 50 50"}});
-  playbackstage::startChain();
-  EXPECT_EQ(markedReeds(form), (Marks{{12, kRed}})) << "the first note is marked at the start";
+// time is a multiple of 20 is reached exactly on its tick. Each step
+// advances the clock, then expects the sounding note and the reed marks.
+struct Step {
+  long advanceMs;
+  int currNote;
+  Marks marks;
+};
+struct MarkCase {
+  const char* what;
+  std::int16_t tonic, grace;  // grace 2: grace notes on
+  int delayMs;
+  std::string notes, durations;
+  std::vector<Step> steps;  // the first at 0 ms: as the chain starts
+};
 
-  struct Step {
-    long advanceMs;
-    int currNote;
-    std::string box;
-    Marks marks;
-  } steps[] = {
-      {480, 1, "", {{12, kRed}}},
-      {20, 2, "   R", {{14, kRed}}},
-      {480, 2, "   R", {{14, kRed}}},
-      {20, 3, "   R   G", {{16, kRed}}},
-      {400, 3, "   R   G", {{16, kRed}}},
-  };
-  for (const Step& step : steps) {
+const MarkCase kMarkCases[] = {
+    {"each note when the position reaches it", 3, 1, 0, "S R G", "50 50 50",
+     {{0, 1, {{12, kRed}}}, {480, 1, {{12, kRed}}}, {20, 2, {{14, kRed}}},
+      {480, 2, {{14, kRed}}}, {20, 3, {{16, kRed}}}, {400, 3, {{16, kRed}}}}},
+    // Notes 2, 3 and 4 are due at 500 - 40, 1000 - 80 and 1500 - 120.
+    {"the lead grows with each note", 3, 1, 40, "S R G P", "50 50 50 50",
+     {{440, 1, {{12, kRed}}}, {20, 2, {{14, kRed}}}, {440, 2, {{14, kRed}}},
+      {20, 3, {{16, kRed}}}, {460, 4, {{19, kRed}}}}},
+    // Five notes of 10 ms, all due before the first tick at 20 ms.
+    {"one note per status step, so short notes trail", 3, 1, 0, "S R G m P D", "1 1 1 1 1 100",
+     {{20, 2, {{14, kRed}}}, {20, 3, {{16, kRed}}}, {60, 6, {{21, kRed}}}}},
+    {"a grace pair marks the main note red and the grace pink", 3, 2, 0, "S'R G", "50 50",
+     {{0, 1, {{12, kPink}, {14, kRed}}}, {500, 2, {{16, kRed}}}}},
+    // r< is note 01: the code 112 has lost its leading zero.
+    {"a three-digit grace code marks the main note only", 3, 2, 0, "r<'S", "50",
+     {{0, 1, {{12, kRed}}}}},
+    {"without grace notes a grace pair is not marked", 3, 1, 0, "S'R", "50", {{0, 1, {}}}},
+    // At tonic 1 reed = note - 2: S< lies on reed -2, R< on reed 0.
+    {"notes below the keyboard make no mark", 1, 1, 0, "S< r< R< S", "50 50 50 50",
+     {{0, 1, {}}, {1000, 3, {}}, {500, 4, {{10, kRed}}}}},
+    {"marks follow the tonic", 8, 1, 0, "S P", "50 50",
+     {{0, 1, {{17, kRed}}}, {500, 2, {{24, kRed}}}}},
+};
+
+class PlaybackMarks : public ::testing::TestWithParam<MarkCase> {};
+
+TEST_P(PlaybackMarks, FollowTheSoundingNote) {
+  const MarkCase& c = GetParam();
+  platform::Screen& form = reset();
+  gCurrTonicNoteId = c.tonic;
+  gGraceNotes = c.grace;
+  gDelayMO = static_cast<std::int16_t>(c.delayMs);
+  sUpdateReedLabelsAlt(form);
+  preparePlaySet({{c.notes, c.durations}});
+  playbackstage::startChain();
+  for (const Step& step : c.steps) {
     advance(step.advanceMs);
     EXPECT_EQ(sounding().CurrNote, step.currNote) << "after " << step.advanceMs;
-    EXPECT_EQ(form.control("cCurrentItem").text(), step.box);
-    EXPECT_EQ(markedReeds(form), step.marks);
+    EXPECT_EQ(markedReeds(form), step.marks) << "after " << step.advanceMs;
   }
 }
 
-TEST(PlaybackMarks, TheLeadGrowsWithEachNote) {
-  reset();
-  gDelayMO = 40;
-  preparePlaySet({{"S R G P", "50 50 50 50"}});
-  playbackstage::startChain();
-  // Notes 2, 3 and 4 are due at 500 - 40, 1000 - 80 and 1500 - 120.
-  advance(440);
-  EXPECT_EQ(sounding().CurrNote, 1);
-  advance(20);
-  EXPECT_EQ(sounding().CurrNote, 2);
-  advance(440);
-  EXPECT_EQ(sounding().CurrNote, 2);
-  advance(20);
-  EXPECT_EQ(sounding().CurrNote, 3);
-  advance(1380 - 920);
-  EXPECT_EQ(sounding().CurrNote, 4);
-}
+INSTANTIATE_TEST_SUITE_P(Phrases, PlaybackMarks, ::testing::ValuesIn(kMarkCases),
+                         [](const ::testing::TestParamInfo<MarkCase>& param) {
+                           std::string name;
+                           for (const char* c = param.param.what; *c; ++c)
+                             if (std::isalnum(static_cast<unsigned char>(*c))) name += *c;
+                           return name;
+                         });
 
-TEST(PlaybackMarks, OneNotePerStatusStepSoShortNotesTrail) {
-  reset();
-  // Five notes of 10 ms: all are due before the first tick at 20 ms.
-  preparePlaySet({{"S R G m P D", "1 1 1 1 1 100"}});
-  playbackstage::startChain();
-  advance(20);
-  EXPECT_EQ(sounding().CurrNote, 2);
-  advance(20);
-  EXPECT_EQ(sounding().CurrNote, 3);
-  advance(60);
-  EXPECT_EQ(sounding().CurrNote, 6);
-}
-
-TEST(PlaybackMarks, GraceNotesMarkTheMainNoteRedAndTheGracePink) {
+// The notation box grows by one note with each step.
+TEST(PlaybackBox, GrowsByOneNoteAtEachStep) {
   platform::Screen& form = reset();
-  gGraceNotes = 2;
-  preparePlaySet({{"S'R G", "50 50"}});
+  preparePlaySet({{"S R G", "50 50 50"}});
   playbackstage::startChain();
-  EXPECT_EQ(markedReeds(form), (Marks{{12, kPink}, {14, kRed}}));
-  advance(500);
-  EXPECT_EQ(markedReeds(form), (Marks{{16, kRed}})) << "both reeds of the grace pair restored";
-}
-
-TEST(PlaybackMarks, ThreeDigitGraceCodeMarksTheMainNoteOnly) {
-  platform::Screen& form = reset();
-  gGraceNotes = 2;
-  // r< is note 01: the code 112 has lost its leading zero.
-  preparePlaySet({{"r<'S", "50"}});
-  ASSERT_EQ(gMusicBuffers[0].NoteCodes[0], 112);
-  playbackstage::startChain();
-  EXPECT_EQ(markedReeds(form), (Marks{{12, kRed}}));
-}
-
-TEST(PlaybackMarks, WithoutGraceNotesAGracePairIsNotMarked) {
-  platform::Screen& form = reset();
-  preparePlaySet({{"S'R", "50"}});
-  playbackstage::startChain();
-  EXPECT_TRUE(markedReeds(form).empty());
-}
-
-TEST(PlaybackMarks, NotesBelowTheKeyboardMakeNoMark) {
-  platform::Screen& form = reset();
-  gCurrTonicNoteId = 1;
-  sUpdateReedLabelsAlt(form);  // reed = note + tonic - 3
-  preparePlaySet({{"S< r< R< S", "50 50 50 50"}});
-  playbackstage::startChain();
-  EXPECT_TRUE(markedReeds(form).empty()) << "S< lies on reed -2";
-  advance(1000);
-  EXPECT_TRUE(markedReeds(form).empty()) << "R< lies on reed 0";
-  advance(500);
-  EXPECT_EQ(markedReeds(form), (Marks{{10, kRed}}));
-}
-
-TEST(PlaybackMarks, MarksFollowTheTonic) {
-  platform::Screen& form = reset();
-  gCurrTonicNoteId = 8;
-  sUpdateReedLabelsAlt(form);
-  preparePlaySet({{"S P", "50 50"}});
-  playbackstage::startChain();
-  EXPECT_EQ(markedReeds(form), (Marks{{17, kRed}}));
-  advance(500);
-  EXPECT_EQ(markedReeds(form), (Marks{{24, kRed}}));
+  const std::pair<long, const char*> steps[] = {{480, ""}, {20, "   R"}, {500, "   R   G"}};
+  for (const auto& [ms, box] : steps) {
+    advance(ms);
+    EXPECT_EQ(form.control("cCurrentItem").text(), box);
+  }
 }
 
 TEST(PlaybackMarks, RestoringAnIndexOutsideTheBufferDoesNothing) {
