@@ -21,6 +21,9 @@ if [ $# -eq 0 ]; then
   exit 2
 fi
 
+# The command and the checks below reach this server through the runtime
+# directory, not a server named by the caller's environment.
+unset PULSE_SERVER
 export XDG_RUNTIME_DIR
 XDG_RUNTIME_DIR="$(mktemp -d /tmp/nadavik-pulse.XXXXXX)"
 chmod 700 "$XDG_RUNTIME_DIR"
