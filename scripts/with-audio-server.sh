@@ -32,7 +32,15 @@ parec_pid=""
 cleanup() {
   [ -n "$parec_pid" ] && kill "$parec_pid" 2>/dev/null && wait "$parec_pid" 2>/dev/null || true
   if [ -f "$XDG_RUNTIME_DIR/pulse/pid" ]; then
-    kill "$(cat "$XDG_RUNTIME_DIR/pulse/pid")" 2>/dev/null || true
+    local server
+    server="$(cat "$XDG_RUNTIME_DIR/pulse/pid")"
+    kill "$server" 2>/dev/null || true
+    # The server removes its files as it goes: wait for it, so that it does
+    # not leave a runtime folder behind after the one below is removed.
+    for _ in $(seq 40); do
+      kill -0 "$server" 2>/dev/null || break
+      sleep 0.05
+    done
   fi
   rm -rf "$XDG_RUNTIME_DIR"
 }
