@@ -21,6 +21,9 @@ if [ $# -eq 0 ]; then
   exit 2
 fi
 
+# The command and the checks below reach this server through the runtime
+# directory, not a server named by the caller's environment.
+unset PULSE_SERVER
 export XDG_RUNTIME_DIR
 XDG_RUNTIME_DIR="$(mktemp -d /tmp/nadavik-pulse.XXXXXX)"
 chmod 700 "$XDG_RUNTIME_DIR"
@@ -29,7 +32,15 @@ parec_pid=""
 cleanup() {
   [ -n "$parec_pid" ] && kill "$parec_pid" 2>/dev/null && wait "$parec_pid" 2>/dev/null || true
   if [ -f "$XDG_RUNTIME_DIR/pulse/pid" ]; then
-    kill "$(cat "$XDG_RUNTIME_DIR/pulse/pid")" 2>/dev/null || true
+    local server
+    server="$(cat "$XDG_RUNTIME_DIR/pulse/pid")"
+    kill "$server" 2>/dev/null || true
+    # The server removes its files as it goes: wait for it, so that it does
+    # not leave a runtime folder behind after the one below is removed.
+    for _ in $(seq 40); do
+      kill -0 "$server" 2>/dev/null || break
+      sleep 0.05
+    done
   fi
   rm -rf "$XDG_RUNTIME_DIR"
 }

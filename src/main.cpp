@@ -1,8 +1,33 @@
 // Nadavik's entry point: sets up the Qt window system, the audio devices
 // and the error trap, fills the screen table, and loads the main window,
 // whose Load event runs the whole start-up.
+//
+// Options of the entry point, taken off the command line before the program
+// reads it (the program looks for the characters "1", trace on, and "2",
+// run NVScript.txt, anywhere on its command line, so no option of ours may
+// contain them):
+//   --quit-when-shown  An unattended start, for checking that the program
+//                      starts: the opening screen is accepted as its OK
+//                      button accepts it, the real start-up runs, and once
+//                      the main window is shown the program leaves through
+//                      its Exit button. Message boxes are answered with
+//                      their first answer (OK, or No) and their text goes
+//                      to standard error. Exit status 0 only when the main
+//                      window was shown.
+// Environment:
+//   NADAVIK_DATA_FOLDER  A folder that holds the data files (stores, tabla
+//                        kits, pictures, font) in place of the program's own
+//                        folder; the trace files and the user's store are
+//                        written there too. Checks run the program on a copy
+//                        so that the build's own stores stay as they are.
 #include <QApplication>
+#include <QDir>
+#include <QElapsedTimer>
 #include <QStringList>
+#include <QTimer>
+#include <QWidget>
+#include <cstdio>
+#include <optional>
 #include <string>
 
 #include "app/screens.h"
@@ -12,19 +37,103 @@
 #include "notation/devanagari.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
+#include "platform/qt/qt_screen.h"
 #include "platform/qt/qt_window_system.h"
 
 namespace {
 
-// The command line as one string, without the program's own name.
+const QString kQuitWhenShown = "--quit-when-shown";
+
+// How long the main window may take to appear once the start-up has run.
+constexpr qint64 kShowLimitMs = 5000;
+
+// The command line as one string, without the program's own name and
+// without the options the entry point takes itself.
 std::string commandLine(const QStringList& arguments) {
   std::string line;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
+    if (arguments[i] == kQuitWhenShown) continue;
     if (!line.empty()) line += ' ';
     line += arguments[i].toStdString();
   }
   return line;
 }
+
+// The folder the program reads its data files from.
+std::string dataFolder(const std::string& programFolder) {
+  const QString chosen = qEnvironmentVariable("NADAVIK_DATA_FOLDER");
+  return chosen.isEmpty() ? programFolder : QDir(chosen).absolutePath().toStdString();
+}
+
+// The window of a screen when it is really on the screen (a screen's own
+// Visible may still be on its way to the window).
+bool windowShown(const platform::Screen& screen) {
+  const QString name = QString::fromStdString(screen.name());
+  for (const QWidget* window : QApplication::topLevelWidgets())
+    if (window->objectName() == name && window->isVisible()) return true;
+  return false;
+}
+
+// A click on a control, delivered as the backend delivers a user's click.
+void click(platform::Screen& screen, const std::string& control) {
+  static_cast<platform::QtScreen&>(screen).dispatch(control, platform::EventKind::Click, {});
+}
+
+// The unattended start of --quit-when-shown (see the top of this file).
+class UnattendedStart {
+ public:
+  UnattendedStart(platform::QtWindowSystem& windows, platform::Screen& opening,
+                  platform::Screen& main)
+      : opening_(opening), main_(main) {
+    windows.setMessageBoxResponder([](const std::string& text, int style, const std::string&) {
+      std::fprintf(stderr, "nadavik: message: %s\n", text.c_str());
+      return (style & 0x7) == platform::kMsgYesNo ? platform::kAnswerNo : platform::kAnswerOk;
+    });
+    // The opening screen is modal inside the main window's Load: the poll
+    // runs in its event loop and presses OK once the screen is up.
+    QObject::connect(&poll_, &QTimer::timeout, [this] { step(); });
+    poll_.start(20);
+  }
+
+  // Called once the main window's Load, and with it the start-up, is over:
+  // from here on the poll waits for the main window and then leaves.
+  void startUpDone() {
+    startUpDone_ = true;
+    sinceStartUp_.start();
+  }
+
+  bool mainWindowShown() const { return shown_; }
+
+ private:
+  void step() {
+    if (!accepted_) {
+      if (!windowShown(opening_)) return;
+      accepted_ = true;
+      click(opening_, "OKButton");
+      return;
+    }
+    // Leaving while the start-up still runs (it lets events through while
+    // it plays the greeting) would cut into it.
+    if (!startUpDone_) return;
+    if (windowShown(main_)) {
+      poll_.stop();
+      shown_ = true;
+      click(main_, "cExit");
+    } else if (sinceStartUp_.elapsed() > kShowLimitMs) {
+      poll_.stop();
+      std::fprintf(stderr, "nadavik: the main window was not shown\n");
+      QCoreApplication::exit(1);
+    }
+  }
+
+  platform::Screen& opening_;
+  platform::Screen& main_;
+  QTimer poll_;
+  QElapsedTimer sinceStartUp_;
+  bool accepted_ = false;
+  bool startUpDone_ = false;
+  bool shown_ = false;
+};
 
 }  // namespace
 
@@ -33,6 +142,7 @@ int main(int argc, char* argv[]) {
   QApplication::setApplicationName("Nadavik");
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string appDir = QCoreApplication::applicationDirPath().toStdString();
+  const bool unattended = QCoreApplication::arguments().contains(kQuitWhenShown);
 
   platform::QtWindowSystem windows(appDir + "/screens");
   windows.setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
@@ -43,9 +153,17 @@ int main(int argc, char* argv[]) {
   platform::setWindowSystem(&windows);
   platform::setEventBoundary(sRunTrapped);
 
-  sSetProgramLocation(appDir, commandLine(QCoreApplication::arguments()));
+  sSetProgramLocation(dataFolder(appDir), commandLine(QCoreApplication::arguments()));
   sRegisterProgramScreens();
   platform::Screen& main = windows.screen("Nadavik");
+  std::optional<UnattendedStart> check;
+  if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main);
   main.load();
-  return main.loaded() ? QApplication::exec() : 0;
+  if (!main.loaded()) {
+    if (unattended) std::fprintf(stderr, "nadavik: the start-up ended before the main window\n");
+    return unattended ? 1 : 0;
+  }
+  if (check) check->startUpDone();
+  const int status = QApplication::exec();
+  return check && !check->mainWindowShown() ? 1 : status;
 }

@@ -1,8 +1,18 @@
 // Usage parameters and defaults (see parameters.h).
+//
+// One table, kUsageParameters, drives both ends: sSetDefaultOptions reads
+// every row of it into its session variable at the start, and
+// sSaveUsageParameters writes every variable back at the stop, so a
+// parameter cannot be saved and never restored, or the reverse.
+// State: none of its own; the screen size is read once per start.
 #include "control/parameters.h"
 
+#include <algorithm>
 #include <charconv>
+#include <fstream>
 #include <functional>
+#include <type_traits>
+#include <variant>
 
 #include "control/screen_manager.h"
 #include "control/startup.h"
@@ -20,30 +30,192 @@ namespace {
 using platform::RecordsetType;
 using platform::Value;
 
-// One parameter as sSetDefaultOptions reads it: the defaults for a Null
-// value and for an empty text, and where the number goes.
-struct ParameterRule {
-  const char* name;
-  std::function<double()> nullDefault;
-  std::function<double()> emptyDefault;
-  std::function<void(double)> assign;
+// What a default or a bound is a multiple of.
+enum class Basis { One, ScreenWidth, ScreenHeight, TonicNoteId, TipCount };
+
+// A number worked out when the row is read: `times` x the basis.
+struct Amount {
+  double times;
+  Basis basis = Basis::One;
 };
 
-std::int16_t asInt16(double v) { return static_cast<std::int16_t>(v); }
+// The screen in the window system's logical pixels, read once per start.
+struct ScreenSize {
+  double width;
+  double height;
+};
 
-void readParameter(platform::Recordset& rs, const ParameterRule& rule) {
-  sSetTablePKRecord(rs, Value(rule.name));
+// One usage parameter: its row name, its session variable, the defaults for
+// a Null value and for an empty text, and the range a stored value must lie
+// in (both ends included). `exists`, when given, is a further check that the
+// value names something that is there.
+struct UsageParameter {
+  const char* name;
+  std::variant<std::int16_t*, float*, double*> variable;
+  Amount nullDefault;
+  Amount emptyDefault;
+  Amount lowest;
+  Amount highest;
+  bool (*exists)(double value) = nullptr;
+};
+
+// Music sets 1 to 12 are the library's scales, one for each keyboard tonic;
+// a set above 12 is the user's own, a row of "Scale Shift Specs" in the user
+// store. A saved id whose set was deleted by hand would otherwise stop every
+// start at the look-up of its name.
+bool musicSetExists(double setId) {
+  if (setId <= 12) return true;
+  auto rs = gDbB->openRecordset("Scale Shift Specs", RecordsetType::Table);
+  sSetTablePKRecord(*rs, Value(static_cast<int>(setId)));
+  const bool found = !rs->noMatch();
+  rs->close();
+  return found;
+}
+
+constexpr Basis kScreenW = Basis::ScreenWidth;
+constexpr Basis kScreenH = Basis::ScreenHeight;
+constexpr Basis kTonic = Basis::TonicNoteId;
+constexpr Basis kTips = Basis::TipCount;
+
+// The usage parameters, in the order sSetDefaultOptions reads them (a
+// default may name a parameter read before it: the music set defaults to
+// the tonic). Units and ranges:
+//   CurrTonicNoteId  tonic of the keyboard, 1 to 12 (1 is B, 3 is C#)
+//   CurrMusicSetId   1 to 12 a library scale, 13 and above a user scale
+//                    that must be in "Scale Shift Specs"; when above 12 its
+//                    name is loaded into gCurrMusicSetName
+//   KeyboardDisplay  1 keyboard shown, 2 hidden
+//   FormL, FormT     left and top of the window in logical pixels, 0 to
+//                    3/4 of the screen's width or height
+//   FormW, FormH     width and height in logical pixels, 1/4 of the
+//                    screen's width or height up to all of it; after the
+//                    four are read the window is moved back onto the screen
+//                    if it reaches past its right or bottom edge
+//   FormState        0 normal, 1 minimised, 2 maximised
+//   SortingMode      sort column of the raga grid, 0 (by name) to 5
+//   NotationScript   1 Devanagari, 2 English; not read (always 2) when the
+//                    notation font is not available
+//   LastTip          number of the tip shown last, 0 to the number of tips;
+//                    the first tip of a new installation is thus number 1
+//   TipSignal        1 tips shown at the start, 0 not
+//   DelayC, DelayMO, DelayPC, DelayW   synchronisation delays of the
+//                    screens, 0 to 1000 ms; DelayMO alone defaults to 0 for
+//                    an empty text (10 for Null)
+//   CurrDroneFactor  loudness of the drone, 0.5 to 1.5 in steps of 0.1;
+//                    stepping in binary drifts a little past both ends, so
+//                    the range is the synthesis library's 0.3 to 1.7
+// CurrDroneFactor used to be written at the stop and never read (the drone
+// was at 1.0 after every start, whatever the user had set); it is restored
+// like the others now, and read last so the other rows keep their order.
+const UsageParameter kUsageParameters[] = {
+    // name, variable, default for Null, default for "", lowest, highest[, check]
+    {"CurrTonicNoteId", &gCurrTonicNoteId, {3}, {3}, {1}, {12}},
+    {"CurrMusicSetId", &gCurrMusicSetId, {1, kTonic}, {1, kTonic}, {1}, {32767}, musicSetExists},
+    {"KeyboardDisplay", &gKeyboardDisplay, {1}, {1}, {1}, {2}},
+    {"FormL", &gFormL, {0.05, kScreenW}, {0.05, kScreenW}, {0}, {0.75, kScreenW}},
+    {"FormT", &gFormT, {0.05, kScreenH}, {0.05, kScreenH}, {0}, {0.75, kScreenH}},
+    {"FormW", &gFormW, {0.9, kScreenW}, {0.9, kScreenW}, {0.25, kScreenW}, {1, kScreenW}},
+    {"FormH", &gFormH, {0.9, kScreenH}, {0.9, kScreenH}, {0.25, kScreenH}, {1, kScreenH}},
+    {"FormState", &gFormState, {0}, {0}, {0}, {2}},
+    {"SortingMode", &gSortingMode, {0}, {0}, {0}, {5}},
+    {"NotationScript", &gNotationScript, {1}, {1}, {1}, {2}},
+    {"LastTip", &gLastTip, {1, kTips}, {1, kTips}, {0}, {1, kTips}},
+    {"TipSignal", &gTipSignal, {1}, {1}, {0}, {1}},
+    {"DelayC", &gDelayC, {10}, {10}, {0}, {1000}},
+    {"DelayMO", &gDelayMO, {10}, {0}, {0}, {1000}},
+    {"DelayPC", &gDelayPC, {10}, {10}, {0}, {1000}},
+    {"DelayW", &gDelayW, {10}, {10}, {0}, {1000}},
+    {"CurrDroneFactor", &gCurrDroneFactor, {1.0}, {1.0}, {0.3}, {1.7}},
+};
+
+// Whether `p` is the row of `variable`.
+template <class T>
+bool fIsRowOf(const UsageParameter& p, T* variable) {
+  T* const* held = std::get_if<T*>(&p.variable);
+  return held && *held == variable;
+}
+
+double fAmountValue(Amount amount, const ScreenSize& screen) {
+  switch (amount.basis) {
+    case Basis::ScreenWidth: return amount.times * screen.width;
+    case Basis::ScreenHeight: return amount.times * screen.height;
+    case Basis::TonicNoteId: return amount.times * gCurrTonicNoteId;
+    case Basis::TipCount: return amount.times * gTipCount;
+    case Basis::One: break;
+  }
+  return amount.times;
+}
+
+// Sets the parameter's variable; whole-number variables take the value
+// without its fraction, as a plain conversion to the variable's type would.
+void sAssign(const UsageParameter& p, double value) {
+  std::visit([value](auto* variable) {
+    using Target = std::remove_pointer_t<decltype(variable)>;
+    *variable = static_cast<Target>(value);
+  }, p.variable);
+}
+
+double fVariableValue(const UsageParameter& p) {
+  return std::visit([](auto* variable) { return static_cast<double>(*variable); }, p.variable);
+}
+
+// A line in the trace file, written whether or not tracing is on: a saved
+// value that was not used is worth knowing about when the settings seem to
+// have been forgotten.
+void sTraceLine(const std::string& line) {
+  if (gErrTraceFile.empty()) return;
+  std::ofstream(gErrTraceFile, std::ios::app) << line << "\n";
+}
+
+std::string fRangeText(const UsageParameter& p, const ScreenSize& screen) {
+  return fNumberText(fAmountValue(p.lowest, screen)) + " to " +
+         fNumberText(fAmountValue(p.highest, screen));
+}
+
+// The value a row gives its parameter: the Null or the empty-text default,
+// else the text's leading number if it lies in the range and passes the
+// further check, else the Null default with a trace line.
+double fParameterValue(const UsageParameter& p, const Value& stored, const ScreenSize& screen) {
+  if (stored.isNull()) return fAmountValue(p.nullDefault, screen);
+  if (stored.isText() && stored.asText().empty()) return fAmountValue(p.emptyDefault, screen);
+  const double value = stored.asDouble();
+  // Written so that a NaN fails too.
+  const bool inRange = value >= fAmountValue(p.lowest, screen) &&
+                       value <= fAmountValue(p.highest, screen);
+  if (inRange && (!p.exists || p.exists(value))) return value;
+  const double fallback = fAmountValue(p.nullDefault, screen);
+  sTraceLine("Usage parameter " + std::string(p.name) + ": the saved value '" + stored.asText() +
+             "' is " + (inRange ? "no music set" : "outside " + fRangeText(p, screen)) + "; " +
+             fNumberText(fallback) + " is used.");
+  return fallback;
+}
+
+void sReadParameter(platform::Recordset& rs, const UsageParameter& p, const ScreenSize& screen) {
+  sSetTablePKRecord(rs, Value(p.name));
   if (rs.noMatch()) {
-    sRaiseError(3021, std::string("No current record: parameter ") + rule.name);
+    sRaiseError(3021, std::string("No current record: parameter ") + p.name);
     return;
   }
-  Value v = rs.field("Parameter Value");
-  if (v.isNull())
-    rule.assign(rule.nullDefault());
-  else if (v.isText() && v.asText().empty())
-    rule.assign(rule.emptyDefault());
-  else
-    rule.assign(v.asDouble());
+  sAssign(p, fParameterValue(p, rs.field("Parameter Value"), screen));
+}
+
+// Moves the window back onto the screen when its saved place and size,
+// each in range, together reach past the screen's right or bottom edge.
+void sKeepWindowOnScreen(const ScreenSize& screen) {
+  const float left = std::min(gFormL, float(screen.width) - gFormW);
+  const float top = std::min(gFormT, float(screen.height) - gFormH);
+  if (left == gFormL && top == gFormT) return;
+  sTraceLine("Usage parameters FormL, FormT: the saved window reaches off the screen; it is "
+             "moved to " + fNumberText(left) + ", " + fNumberText(top) + ".");
+  gFormL = left;
+  gFormT = top;
+}
+
+// The value saved for a parameter: its variable's, except that FormState is
+// the window's state at this moment rather than the last one noted.
+double fSavedValue(const UsageParameter& p) {
+  if (fIsRowOf(p, &gFormState) && gCurrForm) return gCurrForm->windowState();
+  return fVariableValue(p);
 }
 
 void setPlainDefaults() {
@@ -82,76 +254,41 @@ void sSetDefaultOptions() {
   sInitReedColorType();
   setPlainDefaults();
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  auto constant = [](double v) { return [v] { return v; }; };
-  const float screenW = platform::windowSystem().screenWidth();
-  const float screenH = platform::windowSystem().screenHeight();
-  const ParameterRule rules[] = {
-      {"CurrTonicNoteId", constant(3), constant(3), [](double v) { gCurrTonicNoteId = asInt16(v); }},
-      {"CurrMusicSetId", [] { return double(gCurrTonicNoteId); },
-       [] { return double(gCurrTonicNoteId); },
-       [](double v) {
-         gCurrMusicSetId = asInt16(v);
-         if (gCurrMusicSetId > 12) gCurrMusicSetName = fGetMusicSetName(gCurrMusicSetId);
-       }},
-      {"KeyboardDisplay", constant(1), constant(1), [](double v) { gKeyboardDisplay = asInt16(v); }},
-      {"FormL", constant(screenW * 0.05), constant(screenW * 0.05), [](double v) { gFormL = float(v); }},
-      {"FormT", constant(screenH * 0.05), constant(screenH * 0.05), [](double v) { gFormT = float(v); }},
-      {"FormW", constant(screenW * 0.9), constant(screenW * 0.9), [](double v) { gFormW = float(v); }},
-      {"FormH", constant(screenH * 0.9), constant(screenH * 0.9), [](double v) { gFormH = float(v); }},
-      {"FormState", constant(0), constant(0), [](double v) { gFormState = asInt16(v); }},
-      {"SortingMode", constant(0), constant(0), [](double v) { gSortingMode = asInt16(v); }},
-      {"NotationScript", constant(1), constant(1), [](double v) { gNotationScript = asInt16(v); }},
-      {"LastTip", [] { return double(gTipCount); }, [] { return double(gTipCount); },
-       [](double v) { gLastTip = asInt16(v); }},
-      {"TipSignal", constant(1), constant(1), [](double v) { gTipSignal = asInt16(v); }},
-      {"DelayC", constant(10), constant(10), [](double v) { gDelayC = asInt16(v); }},
-      {"DelayMO", constant(10), constant(0), [](double v) { gDelayMO = asInt16(v); }},
-      {"DelayPC", constant(10), constant(10), [](double v) { gDelayPC = asInt16(v); }},
-      {"DelayW", constant(10), constant(10), [](double v) { gDelayW = asInt16(v); }},
-  };
-  for (const auto& rule : rules) {
-    if (std::string(rule.name) == "NotationScript" && gDevnagariOk == 0) {
+  const ScreenSize screen{platform::windowSystem().screenWidth(),
+                          platform::windowSystem().screenHeight()};
+  for (const UsageParameter& p : kUsageParameters) {
+    if (fIsRowOf(p, &gNotationScript) && gDevnagariOk == 0) {
       gNotationScript = 2;
       continue;
     }
-    readParameter(*rs, rule);
+    sReadParameter(*rs, p, screen);
+    if (fIsRowOf(p, &gCurrMusicSetId) && gCurrMusicSetId > 12)
+      gCurrMusicSetName = fGetMusicSetName(gCurrMusicSetId);
   }
+  sKeepWindowOnScreen(screen);
   rs->close();
 }
 
+// Writes every parameter in one transaction: a kill or a fault part-way
+// leaves the whole set of the last run (the transaction rolls back), never a
+// mixture. Inside one transaction the order of the rows is not seen by
+// anyone, so they are written in the order of the table.
 void sSaveUsageParameters() {
   NV_PROC("sSaveUsageParameters");
-  const std::pair<const char*, double> values[] = {
-      {"CurrMusicSetId", gCurrMusicSetId},
-      {"CurrTonicNoteId", gCurrTonicNoteId},
-      {"SortingMode", gSortingMode},
-      {"KeyboardDisplay", gKeyboardDisplay},
-      {"FormH", gFormH},
-      {"FormL", gFormL},
-      {"FormT", gFormT},
-      {"FormW", gFormW},
-      {"FormState", gCurrForm ? gCurrForm->windowState() : gFormState},
-      {"CurrDroneFactor", gCurrDroneFactor},
-      {"NotationScript", gNotationScript},
-      {"LastTip", gLastTip},
-      {"TipSignal", gTipSignal},
-      {"DelayC", gDelayC},
-      {"DelayMO", gDelayMO},
-      {"DelayPC", gDelayPC},
-      {"DelayW", gDelayW},
-  };
+  platform::Transaction transaction(*gDbB);
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  for (const auto& [name, value] : values) {
-    sSetTablePKRecord(*rs, Value(name));
+  for (const UsageParameter& p : kUsageParameters) {
+    sSetTablePKRecord(*rs, Value(p.name));
     if (rs->noMatch()) {
-      sRaiseError(3021, std::string("No current record: parameter ") + name);
+      sRaiseError(3021, std::string("No current record: parameter ") + p.name);
       continue;
     }
     rs->edit();
-    rs->setField("Parameter Value", Value(fNumberText(value)));
+    rs->setField("Parameter Value", Value(fNumberText(fSavedValue(p))));
     rs->update();
   }
   rs->close();
+  transaction.commit();
 }
 
 std::string fGetUserParameter(const std::string& name) {

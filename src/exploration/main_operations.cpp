@@ -183,6 +183,15 @@ void sRedrawKeyboard() {
   sKeyBoardDisplayOn(form(), 1);
 }
 
+// A tonic or a scale that could not be set up gives the screen back as it
+// was before the choice: the pointer to normal and the selections enabled.
+// (Leaving early used to keep the hourglass and the disabled screen, so the
+// user could do nothing but close the window.)
+void sGiveBackAfterFailedChoice() {
+  sPointer(platform::kPointerDefault);
+  sEnableF28Selections();
+}
+
 // Event 12: a user-defined scale.
 void sScaleChosen() {
   platform::Control& list = ctl("cScaleList");
@@ -193,13 +202,18 @@ void sScaleChosen() {
   {
     auto table = gDbB->openRecordset("Scale Shift Specs", platform::RecordsetType::Table);
     sSetTableIndexRecord(*table, "Set Name", list.list(list.listIndex()));
-    if (table->noMatch()) return;
+    if (table->noMatch()) {  // deleted since the list was filled: nothing changed
+      sMnuTonicNoteCheck();
+      sGiveBackAfterFailedChoice();
+      return;
+    }
     gCurrMusicSetId = static_cast<std::int16_t>(table->field("NPSetId").asInteger());
     gCurrTonicNoteId = static_cast<std::int16_t>(table->field("TonicNoteId").asInteger());
     gCurrMusicSetName = table->field("NPSetName").asText();
   }
   if (fCreateNoteSeedsForUse() != 1) {
     sShowMessage("Error Creating Mote Seeds");
+    sGiveBackAfterFailedChoice();
     return;
   }
   sRedrawKeyboard();
@@ -219,6 +233,7 @@ void sTonicChosen() {
   gCurrMusicSetId = gCurrTonicNoteId;
   if (fCreateNoteSeedsForUse() != 1) {
     sShowMessage("Error Creating Mote Seeds");
+    sGiveBackAfterFailedChoice();
     return;
   }
   sRedrawKeyboard();

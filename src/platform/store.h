@@ -61,7 +61,9 @@ class Value {
 //   3022 duplicate key, 3027 store is read-only, 3049 store is damaged,
 //   3015 no such index, 3019 Seek without a current index, 3020 Update
 //   without AddNew or Edit, 3251 operation not supported by this kind of
-//   recordset, 3314 a required field is Null, 3420 recordset or store closed.
+//   recordset, 3314 a required field is Null, 3420 recordset or store closed,
+//   3003 a transaction begun inside another, 3034 a commit or rollback with
+//   no transaction begun.
 struct StoreError : std::runtime_error {
   StoreError(long errorNumber, const std::string& description)
       : std::runtime_error(description), number(errorNumber) {}
@@ -98,7 +100,8 @@ class Recordset {
   virtual Value fieldAt(int i) const = 0;
 
   // Writes. addNew/edit start a change, setField fills it, update writes it
-  // durably before it returns; remove deletes the current row.
+  // durably before it returns (inside a transaction: when the transaction
+  // commits); remove deletes the current row.
   virtual void addNew() = 0;
   virtual void edit() = 0;
   virtual void setField(const std::string& name, const Value& value) = 0;
@@ -120,6 +123,45 @@ class Database {
   virtual bool isReadOnly() const = 0;
   virtual const std::string& path() const = 0;
   virtual void close() = 0;
+
+  // Transactions. Between beginTrans and commitTrans the writes of every
+  // recordset of this store are held back; commitTrans makes them durable
+  // all together before it returns, rollback drops them all. A process
+  // killed at any moment leaves the store with either all of them or none.
+  // One at a time: beginTrans inside a transaction is 3003, commitTrans or
+  // rollback outside one 3034; on a read-only store beginTrans is 3027.
+  // Use them through Transaction below.
+  virtual void beginTrans() = 0;
+  virtual void commitTrans() = 0;
+  virtual void rollback() = 0;
+};
+
+// A transaction for the life of a scope: begun by the constructor, committed
+// by commit(), rolled back by the destructor unless it was committed (a
+// fault that unwinds the scope thus writes nothing). The destructor never
+// throws: a rollback that fails, for instance because the store was closed
+// meanwhile (which drops the transaction anyway), is let go.
+class Transaction {
+ public:
+  explicit Transaction(Database& store) : store_(store) { store_.beginTrans(); }
+  ~Transaction() {
+    if (committed_) return;
+    try {
+      store_.rollback();
+    } catch (...) {
+    }
+  }
+  Transaction(const Transaction&) = delete;
+  Transaction& operator=(const Transaction&) = delete;
+
+  void commit() {
+    store_.commitTrans();
+    committed_ = true;
+  }
+
+ private:
+  Database& store_;
+  bool committed_ = false;
 };
 
 class Workspace {

@@ -6,6 +6,8 @@
 #include <gtest/gtest.h>
 
 #include <QApplication>
+#include <QWidget>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -14,6 +16,7 @@
 #include "exploration/exploration.h"
 #include "exploration/exploration_state.h"
 #include "keyboard/reeds.h"
+#include "platform/qt/qt_screen.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "program_harness.h"
@@ -361,6 +364,51 @@ TEST_F(MainOperationsTest, ATonicFromTheMenuRetunesAndSaysSoInThePrompts) {
   EXPECT_NE(ctl("cPrompts").text().find("Using NV Scale with "), std::string::npos);
   EXPECT_TRUE(ctl("cNVIllusList").enabled());
   EXPECT_TRUE(messageTexts().empty());
+}
+
+// A tonic or a scale whose seeds cannot be made (here: a drone loudness the
+// synthesis library refuses), or a scale deleted since the list was filled,
+// gives the screen back: the pointer normal and the selections enabled.
+TEST_F(MainOperationsTest, AFailedTonicOrScaleGivesTheScreenBack) {
+  {
+    auto scales = gDbB->openRecordset("Scale Shift Specs", platform::RecordsetType::Table);
+    scales->addNew();
+    scales->setField("NPSetId", 13);
+    scales->setField("NPSetName", "Just Yaman");
+    scales->setField("TonicNoteId", 3);
+    scales->update();
+  }
+  click("cReturn");
+  sSetupForCurrRaga();
+  sMainOperations(0);
+  auto chooseScale = [&] {
+    ctl("cScaleList").setListIndex(0);
+    program.fire("MainOperations", "cScaleList", EventKind::Click);
+  };
+  struct Case {
+    const char* what;
+    std::function<void()> choose;
+    bool told;
+  };
+  const Case cases[] = {
+      {"tonic", [&] { gCurrDroneFactor = 9; click("cMnuW5"); }, true},
+      {"scale", [&] { gCurrDroneFactor = 9; chooseScale(); }, true},
+      {"deleted scale", [&] { gDbB->execute("DELETE FROM \"Scale Shift Specs\";"); chooseScale(); },
+       false},
+  };
+  QWidget* window = static_cast<platform::QtScreen&>(screen()).drawingArea()->window();
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.what);
+    const std::size_t before = program.messages().size();
+    c.choose();
+    gCurrDroneFactor = 1.0;
+    EXPECT_NE(window->cursor().shape(), Qt::WaitCursor);
+    for (const char* name : {"cNVIllusList", "cScaleList", "Option1", "cReturn", "cMnuTonKey"})
+      EXPECT_TRUE(ctl(name).enabled()) << name;
+    const bool told = program.messages().size() > before &&
+                      program.messages().back().text == "Error Creating Mote Seeds";
+    EXPECT_EQ(told, c.told);
+  }
 }
 
 TEST_F(MainOperationsTest, DemoOfAlapNamesEachPatternAndStopCurrentSkipsOne) {

@@ -1,6 +1,11 @@
-// The audio device on the real sound output. Where the machine has no sound
-// output the playing tests skip and only the fall-back is checked, so runs
-// stay repeatable; scripts/with-audio-server.sh gives them a server.
+// The audio device on the real sound output, and the fall-back to the
+// silent device where there is none. Each group can run only on a machine
+// of its kind: the playing tests need a sound output (scripts/with-audio-
+// server.sh gives them a private headless server), the fall-back test needs
+// none. A test on the wrong kind of machine skips, unless the test command
+// has said which kind it arranged (NADAVIK_TEST_SOUND_OUTPUT, see
+// soundOutputArranged): then it fails, so that a test command that meant to
+// run it cannot pass without running it.
 #include "platform/qt/qt_audio.h"
 
 #include <gtest/gtest.h>
@@ -11,6 +16,8 @@
 #include <QMediaDevices>
 #include <QThread>
 #include <algorithm>
+#include <cstdlib>
+#include <string>
 #include <vector>
 
 #include "audio_fixture.h"
@@ -20,6 +27,14 @@ namespace platform {
 namespace {
 
 bool haveOutput() { return !QMediaDevices::defaultAudioOutput().isNull(); }
+
+// What the test command arranged: "present" when it runs the playing tests
+// under a sound server, "absent" when it runs the fall-back test where no
+// server can be reached, "" when it says nothing.
+std::string soundOutputArranged() {
+  const char* arranged = std::getenv("NADAVIK_TEST_SOUND_OUTPUT");
+  return arranged ? arranged : "";
+}
 
 // Lets events through until done() or timeoutMs.
 void runUntil(const std::function<bool()>& done, long timeoutMs) {
@@ -32,7 +47,11 @@ void runUntil(const std::function<bool()>& done, long timeoutMs) {
 }
 
 TEST(AudioFactory, FallsBackToTheSilentDeviceAndTellsOnce) {
-  if (haveOutput()) GTEST_SKIP() << "this machine has a sound output";
+  if (haveOutput()) {
+    if (soundOutputArranged() == "absent")
+      FAIL() << "NADAVIK_TEST_SOUND_OUTPUT=absent, yet a sound output is listed";
+    GTEST_SKIP() << "this machine has a sound output";
+  }
   QtScheduler scheduler;
   int told = 0;
   NoOutputNotice notice{[&](const std::string& message) {
@@ -52,7 +71,12 @@ TEST(AudioFactory, FallsBackToTheSilentDeviceAndTellsOnce) {
 class QtDevice : public ::testing::Test {
  protected:
   void SetUp() override {
-    if (!haveOutput()) GTEST_SKIP() << "no sound output on this machine";
+    if (!haveOutput()) {
+      if (soundOutputArranged() == "present")
+        FAIL() << "NADAVIK_TEST_SOUND_OUTPUT=present, yet no sound output is listed: "
+                  "is the sound server running?";
+      GTEST_SKIP() << "no sound output on this machine";
+    }
     device = createAudioDevice(scheduler, notice);
     ASSERT_FALSE(notice.told) << "the output is listed but does not start";
     device->onStatus = [this] {

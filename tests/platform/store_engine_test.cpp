@@ -1,6 +1,6 @@
 // Tests of the SQLite store engine on temporary files: opening rules,
 // exclusivity (also against a second process), table-type navigation and
-// Seek, query recordsets and their counts, writes and their durability.
+// Seek, query recordsets and their counts, writes, transactions and durability.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
@@ -403,6 +403,50 @@ TEST_F(StoreEngine, UpdateIsCommittedWhenItReturns) {
   rs->setIndex("PrimaryKey");
   rs->seek("=", {"LastTip"});
   EXPECT_EQ(rs->field("Parameter Value"), Value("7"));  // text, as the column holds
+}
+
+TEST_F(StoreEngine, ATransactionWritesAllOrNothing) {
+  auto store = open(false);
+  auto rs = store->openRecordset("User Parameters", RecordsetType::Table);
+  rs->setIndex("PrimaryKey");
+  auto write = [&](const char* name, const char* value) {
+    rs->seek("=", {name});
+    rs->edit();
+    rs->setField("Parameter Value", Value(value));
+    rs->update();
+  };
+  auto valueOf = [&](const char* name) {
+    rs->seek("=", {name});
+    return rs->field("Parameter Value");
+  };
+  {
+    platform::Transaction transaction(*store);
+    write("SortingMode", "2");
+    write("LastTip", "5");
+    rs->addNew();
+    rs->setField("Parameter Name", Value("DelayC"));
+    rs->update();
+    EXPECT_EQ(rs->recordCount(), 3);
+    EXPECT_EQ(errorOf([&] { store->beginTrans(); }), 3003);
+  }  // left without commit: rolled back
+  EXPECT_TRUE(valueOf("SortingMode").isNull());
+  EXPECT_EQ(valueOf("LastTip"), Value(""));
+  EXPECT_EQ(rs->recordCount(), 2);
+  {
+    platform::Transaction transaction(*store);
+    write("SortingMode", "4");
+    write("LastTip", "6");
+    transaction.commit();
+  }
+  EXPECT_EQ(errorOf([&] { store->commitTrans(); }), 3034);
+  EXPECT_EQ(errorOf([&] { store->rollback(); }), 3034);
+  store->close();
+  store = open(true);
+  EXPECT_EQ(errorOf([&] { store->beginTrans(); }), 3027);
+  rs = store->openRecordset("User Parameters", RecordsetType::Table);
+  rs->setIndex("PrimaryKey");
+  EXPECT_EQ(valueOf("SortingMode"), Value("4"));
+  EXPECT_EQ(valueOf("LastTip"), Value("6"));
 }
 
 // A duplicate key, a missing required value and writes through a query are

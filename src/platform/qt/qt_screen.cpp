@@ -451,6 +451,11 @@ void QtScreen::windowResized() {
   if (window_ && !unloading_) dispatch("", EventKind::Resize, {});
 }
 
-void QtScreen::windowActivated() { dispatch("", EventKind::Activate, {}); }
+// An activation that arrives after the window went (it was queued while the
+// window was still shown) reaches no handler: the handler reads the window's
+// state, which would load the screen afresh.
+void QtScreen::windowActivated() {
+  if (window_ && !unloading_) dispatch("", EventKind::Activate, {});
+}
 
 }  // namespace platform

@@ -4,7 +4,8 @@
 // Shared by the Database and its recordsets, so that a recordset used after
 // its store was closed fails cleanly (3420) instead of touching a dead
 // handle. No statement stays active between calls: each use binds, steps,
-// copies and resets, so every write commits at once.
+// copies and resets, so every write outside a transaction commits at once,
+// and a transaction can always commit.
 // State: the handle, the file hold, the statement, table and order caches, and a
 // count of writes that lets recordsets notice changes made by others.
 #pragma once

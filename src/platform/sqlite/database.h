@@ -20,6 +20,9 @@ class SqliteDatabase : public Database {
   bool isReadOnly() const override { return connection_->readOnly(); }
   const std::string& path() const override { return connection_->path(); }
   void close() override;
+  void beginTrans() override;
+  void commitTrans() override;
+  void rollback() override;
 
  private:
   std::shared_ptr<Connection> connection_;
