@@ -10,6 +10,7 @@
 #include "control/startup.h"
 #include "notation/devanagari.h"
 #include "control/messages.h"
+#include "control/session.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
 #include "platform/qt/qt_window_system.h"
@@ -47,5 +48,7 @@ int main(int argc, char* argv[]) {
   sRegisterProgramScreens();
   platform::Screen& main = windows.screen("Nadavik");
   main.load();
-  return main.loaded() ? QApplication::exec() : 0;
+  const int status = main.loaded() ? QApplication::exec() : 0;
+  sCloseStores();  // before any static object is destroyed
+  return status;
 }

@@ -152,8 +152,7 @@ void stopProgram() {
   showMainPicture();
   sDeleteWavFiles();
   sSaveUsageParameters();
-  if (gDbA) gDbA->close();
-  if (gDbB) gDbB->close();
+  sCloseStores();
   gDbA.reset();
   gDbB.reset();
   if (gCloseReason == 1) sTerminateApp();

@@ -147,6 +147,8 @@ void sHaltProgramExecution() {
   std::error_code ec;
   if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
   if (gCurrForm) gCurrForm->unload();
+  // The screens' unload handlers have had the stores; the program ends now.
+  sCloseStores();
 }
 
 void sMnuTraceCheck() {

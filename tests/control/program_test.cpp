@@ -243,6 +243,31 @@ TEST(Program, AMissingLibraryStoreIsReportedByName) {
   EXPECT_NE(readFile(p.folder() / "errtrace.txt").find("mrA.nvy"), std::string::npos);
 }
 
+// A fatal error once the stores are open (here a user store that is not a
+// store at all) halts with one message and gives both store files up before
+// the program ends, so that nothing is left for the exit's destructors.
+TEST(Program, AFatalErrorAtStartReleasesBothStores) {
+  ProgramHarness p;
+  {
+    std::ofstream garbage(p.folder() / "mrB.nvy", std::ios::binary);
+    for (int i = 0; i < 69632; ++i) garbage.put(static_cast<char>((i * 7919 + 13) % 251));
+  }
+  p.start();
+  EXPECT_FALSE(p.mainWindowLoaded());
+  EXPECT_EQ(p.messages().size(), 1u);
+  for (const char* store : {"mrA.nvy", "mrB.nvy"}) {
+    SCOPED_TRACE(store);
+    const std::string path = (p.folder() / store).string();
+    long refused = 0;
+    try {
+      platform::defaultWorkspace().openDatabase(path, true, true, "")->close();
+    } catch (const platform::StoreError& e) {
+      refused = e.number;
+    }
+    EXPECT_NE(refused, 3045) << "still held by the halted program";
+  }
+}
+
 TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {
   ProgramHarness p;
   fs::remove(p.folder() / "Shusha.ttf");
