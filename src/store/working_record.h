@@ -70,15 +70,18 @@ extern std::array<TAltRecord, kAltRecordCount> gTUserAlt;  // from the user stor
 
 // Makes gCurrRagaId current: base data, phrases, then new note seeds when
 // the raga's drone type differs from gCurrDroneType ("Error in setting up
-// for current Raga" when that fails). A raga missing from the library
-// shows its message, leaves gTRaga empty and touches no seeds.
+// for current Raga" when that fails). A raga missing from the library, or
+// damaged there, shows its one message, empties gTRaga and loads neither
+// phrases nor seeds.
 void sSetupForCurrRaga();
 
 // Fills gTRaga from "Raga - Technical Information" of gDbA.
 void sDBToTBaseInfo();
 // Copies the row of gCurrRagaId into gTRaga and cuts the pakad. A missing
-// row (or store) shows "The data of raga <id> is missing from the library.
-// Please reinstall Nadavik." and empties gTRaga.
+// row (or store), or a row without one of the fields the raga is played from
+// (drone type, scale and pakad with their durations), shows "The data of raga
+// <id> is missing from the library. Please reinstall Nadavik." and empties
+// gTRaga.
 void sLoadRagaScalePakadInfo();
 
 // Fills gTAlt from gDbA and gTUserAlt from gDbB ("Raga - ALT Phrases"). A

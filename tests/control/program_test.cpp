@@ -268,6 +268,37 @@ TEST(Program, AFatalErrorAtStartReleasesBothStores) {
   }
 }
 
+// A library store that lacks a table or column the program reads ends the
+// start with one message that names the file and the first missing item;
+// the user store is not even made.
+TEST(Program, ADamagedLibraryIsNamedInOneMessageAndTheStartEnds) {
+  const std::pair<const char*, const char*> damages[] = {
+      {"DROP TABLE \"NVTips\";", "the table 'NVTips'"},
+      {"DROP TABLE \"NVVersion\";", "the table 'NVVersion'"},
+      {"DROP TABLE \"RagaNameList\";", "the table 'RagaNameList'"},
+      {"ALTER TABLE \"Raga - Technical Information\" RENAME COLUMN \"Jati\" TO \"Jaati\";",
+       "the column 'Jati' of the table 'Raga - Technical Information'"},
+  };
+  for (const auto& [damage, named] : damages) {
+    SCOPED_TRACE(damage);
+    ProgramHarness p;
+    const std::string library = (p.folder() / "mrA.nvy").string();
+    {
+      auto store = platform::defaultWorkspace().openDatabase(library, true, false, "");
+      store->execute(damage);
+      store->close();
+    }
+    p.start();
+    EXPECT_FALSE(p.mainWindowLoaded());
+    ASSERT_EQ(p.messages().size(), 1u);
+    const std::string& text = p.messages()[0].text;
+    EXPECT_NE(text.find("'" + library + "'"), std::string::npos) << text;
+    EXPECT_NE(text.find(named), std::string::npos) << text;
+    EXPECT_NE(text.find("reinstall"), std::string::npos) << text;
+    EXPECT_FALSE(fs::exists(p.folder() / "mrB.nvy"));
+  }
+}
+
 TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {
   ProgramHarness p;
   fs::remove(p.folder() / "Shusha.ttf");
