@@ -45,7 +45,7 @@ int main(int argc, char* argv[]) {
   platform::setEventBoundary(sRunTrapped);
 
   sSetProgramLocation(appDir, commandLine(QCoreApplication::arguments()));
-  sRegisterProgramScreens();
+  if (!sRegisterProgramScreens()) return 1;  // a screen definition is missing or damaged
   platform::Screen& main = windows.screen("Nadavik");
   main.load();
   const int status = main.loaded() ? QApplication::exec() : 0;

@@ -299,6 +299,35 @@ TEST(Program, ADamagedLibraryIsNamedInOneMessageAndTheStartEnds) {
   }
 }
 
+// A missing or hostile screen definition is found before anything starts:
+// one message names the file (and the line at fault), and nothing is made.
+TEST(Program, AMissingOrDamagedScreenDefinitionIsNamedInOneMessage) {
+  struct Case {
+    const char* screen;
+    const char* replacedBy;  // nullptr: the file is removed
+    const char* named;
+  };
+  const Case cases[] = {
+      {"Nadavik", nullptr, "Nadavik.screen: the file is missing"},
+      {"RagaSelection1", "screen RagaSelection1 id=9\ngrid cRagaList rows=2000000000\n",
+       "RagaSelection1.screen, line 2: rows=2000000000 is out of range"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.screen);
+    ProgramHarness p;
+    const fs::path file = p.folder() / "screens" / (std::string(c.screen) + ".screen");
+    if (c.replacedBy)
+      std::ofstream(file, std::ios::trunc) << c.replacedBy;
+    else
+      fs::remove(file);
+    p.start();
+    ASSERT_EQ(p.messages().size(), 1u);
+    EXPECT_NE(p.messages()[0].text.find(c.named), std::string::npos) << p.messages()[0].text;
+    EXPECT_NE(p.messages()[0].text.find("reinstall"), std::string::npos);
+    EXPECT_FALSE(fs::exists(p.folder() / "errtrace.txt"));
+  }
+}
+
 TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {
   ProgramHarness p;
   fs::remove(p.folder() / "Shusha.ttf");
