@@ -2,7 +2,9 @@
 #include "control/parameters.h"
 
 #include <charconv>
+#include <cmath>
 #include <functional>
+#include <limits>
 
 #include "control/errors.h"
 #include "control/screen_manager.h"
@@ -29,7 +31,17 @@ struct ParameterRule {
   std::function<void(double)> assign;
 };
 
-std::int16_t asInt16(double v) { return static_cast<std::int16_t>(v); }
+// A stored number as a 16-bit whole number: rounded to the nearest (halves
+// away from zero) and clamped to -32768..32767; NaN gives 0. A stored 1e10 or
+// -40000 must not reach a cast whose result would be undefined. Whether the
+// value makes sense for its parameter is judged where it is used.
+std::int16_t asInt16(double v) {
+  if (std::isnan(v)) return 0;
+  const double r = std::round(v);
+  if (r <= std::numeric_limits<std::int16_t>::min()) return std::numeric_limits<std::int16_t>::min();
+  if (r >= std::numeric_limits<std::int16_t>::max()) return std::numeric_limits<std::int16_t>::max();
+  return static_cast<std::int16_t>(r);
+}
 
 void readParameter(platform::Recordset& rs, const ParameterRule& rule) {
   sSetTablePKRecord(rs, Value(rule.name));
