@@ -36,10 +36,11 @@ struct ParameterRule {
 // -40000 must not reach a cast whose result would be undefined. Whether the
 // value makes sense for its parameter is judged where it is used.
 std::int16_t asInt16(double v) {
+  using Limits = std::numeric_limits<std::int16_t>;
   if (std::isnan(v)) return 0;
   const double r = std::round(v);
-  if (r <= std::numeric_limits<std::int16_t>::min()) return std::numeric_limits<std::int16_t>::min();
-  if (r >= std::numeric_limits<std::int16_t>::max()) return std::numeric_limits<std::int16_t>::max();
+  if (r <= Limits::min()) return Limits::min();
+  if (r >= Limits::max()) return Limits::max();
   return static_cast<std::int16_t>(r);
 }
 

@@ -131,6 +131,9 @@ bool toFlag(const std::string& text, bool& out) {
 // Applies one key=value of a control line.
 bool applyControlKey(ControlDefinition& c, const std::string& key, const std::string& value,
                      std::string& problem) {
+  auto sliderNumber = [&](int& out) {
+    return toIntIn(key, value, kMinSliderValue, kMaxSliderValue, out, problem);
+  };
   int n = 0;
   bool ok = true;
   if (key == "caption") c.caption = value;
@@ -146,20 +149,24 @@ bool applyControlKey(ControlDefinition& c, const std::string& key, const std::st
       ok = false;
     }
     c.fontFamily = value.substr(0, comma);
-    c.fontPoints = static_cast<float>(points);
+    if (ok) c.fontPoints = static_cast<float>(points);
   } else if (key == "visible") ok = toFlag(value, c.visible);
   else if (key == "enabled") ok = toFlag(value, c.enabled);
   else if (key == "locked") ok = toFlag(value, c.locked);
   else if (key == "multiline") ok = toFlag(value, c.multiline);
   else if (key == "border") ok = toFlag(value, c.border);
   else if (key == "checked") ok = toFlag(value, c.checked);
-  else if (key == "forecolor") { ok = toIntIn(key, value, 0, kMaxColor, n, problem); c.foreColor = n; }
-  else if (key == "backcolor") { ok = toIntIn(key, value, 0, kMaxColor, n, problem); c.backColor = n; }
-  else if (key == "in") c.frame = value;
+  else if (key == "forecolor") {
+    ok = toIntIn(key, value, 0, kMaxColor, n, problem);
+    c.foreColor = n;
+  } else if (key == "backcolor") {
+    ok = toIntIn(key, value, 0, kMaxColor, n, problem);
+    c.backColor = n;
+  } else if (key == "in") c.frame = value;
   else if (key == "parent") c.parentMenu = value;
-  else if (key == "min") ok = toIntIn(key, value, kMinSliderValue, kMaxSliderValue, c.minValue, problem);
-  else if (key == "max") ok = toIntIn(key, value, kMinSliderValue, kMaxSliderValue, c.maxValue, problem);
-  else if (key == "value") ok = toIntIn(key, value, kMinSliderValue, kMaxSliderValue, c.value, problem);
+  else if (key == "min") ok = sliderNumber(c.minValue);
+  else if (key == "max") ok = sliderNumber(c.maxValue);
+  else if (key == "value") ok = sliderNumber(c.value);
   else if (key == "interval") ok = toIntIn(key, value, 0, kMaxTimerIntervalMs, c.interval, problem);
   else if (key == "cols") ok = toIntIn(key, value, 0, kMaxGridCols, c.cols, problem);
   else if (key == "rows") ok = toIntIn(key, value, 0, kMaxGridRows, c.rows, problem);

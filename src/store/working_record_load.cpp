@@ -65,8 +65,9 @@ void cutPakad(const std::string& pakad, const std::string& pakadDuration) {
 // The fields a raga is played from: its drone, its scale and its pakad. A
 // row that lacks one of them (a damaged library) counts as a missing raga, so
 // that it is reported once instead of failing at every step that plays it.
-constexpr const char* kPlayedRagaFields[] = {"DroneType",  "AarohaAlt", "AvrohaAlt",    "AaDuration",
-                                             "AvDuration", "Pakad",     "PakadDuration"};
+constexpr const char* kPlayedRagaFields[] = {"DroneType",  "AarohaAlt", "AvrohaAlt",
+                                             "AaDuration", "AvDuration", "Pakad",
+                                             "PakadDuration"};
 
 bool hasPlayedFields(const platform::Recordset& raga) {
   for (const char* name : kPlayedRagaFields)

@@ -89,7 +89,8 @@ TEST(ThekaKitTest, SourceErrorsNameTheProblem) {
       // samples.
       {"click 3 0.35 5000", "click 4.4e63 0.25 4000",
        "click ms 4.4e+63 is out of range (0.1 to 1200) in \"click 4.4e63"},
-      {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8", "mode amplitude 7.7e+100 is out of range"},
+      {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8",
+       "mode amplitude 7.7e+100 is out of range"},
       {"bayan 0.6", "bayan 0", "bayan ratio 0 is out of range"},
       {"bol 5 Na Na@0", "bol 5 Na Na@0*1e9", "hit gain 1e+09 is out of range"},
   };
