@@ -71,8 +71,7 @@ extern std::array<TAltRecord, kAltRecordCount> gTUserAlt;  // from the user stor
 // Makes gCurrRagaId current: base data, phrases, then new note seeds when
 // the raga's drone type differs from gCurrDroneType ("Error in setting up
 // for current Raga" when that fails). A raga missing from the library, or
-// damaged there, shows its one message, empties gTRaga and loads neither
-// phrases nor seeds.
+// damaged there, shows its one message, empties gTRaga and touches no seeds.
 void sSetupForCurrRaga();
 
 // Fills gTRaga from "Raga - Technical Information" of gDbA.

@@ -118,8 +118,8 @@ void loadAltRecords(platform::Database* store, std::array<TAltRecord, kAltRecord
 void sSetupForCurrRaga() {
   NV_PROC("sSetupForCurrRaga");
   sDBToTBaseInfo();
-  if (gTRaga.RagaId == 0) return;  // missing or damaged: reported already
   sDBToTALTInfo();
+  if (gTRaga.RagaId == 0) return;  // missing or damaged: reported already, no seeds
   auto raga = seekCurrRaga();
   if (!raga || raga->noMatch()) return;
   const auto droneType = static_cast<std::int32_t>(raga->field("DroneType").asInteger());
