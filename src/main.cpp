@@ -34,6 +34,7 @@
 #include "control/startup.h"
 #include "core/error_state.h"
 #include "core/messages.h"
+#include "core/session.h"
 #include "notation/devanagari.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
@@ -154,16 +155,18 @@ int main(int argc, char* argv[]) {
   platform::setEventBoundary(sRunTrapped);
 
   sSetProgramLocation(dataFolder(appDir), commandLine(QCoreApplication::arguments()));
-  sRegisterProgramScreens();
+  if (!sRegisterProgramScreens()) return 1;  // a screen definition is missing or damaged
   platform::Screen& main = windows.screen("Nadavik");
   std::optional<UnattendedStart> check;
   if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main);
   main.load();
   if (!main.loaded()) {
+    sCloseStores();
     if (unattended) std::fprintf(stderr, "nadavik: the start-up ended before the main window\n");
     return unattended ? 1 : 0;
   }
   if (check) check->startUpDone();
   const int status = QApplication::exec();
+  sCloseStores();  // before any static object is destroyed
   return check && !check->mainWindowShown() ? 1 : status;
 }

@@ -2,4 +2,8 @@
 // and event binder, and the two screens bound before start-up.
 #pragma once
 
-void sRegisterProgramScreens();
+// Fills the screen table and reads every screen's definition file at once,
+// so that a missing or damaged file is found before anything starts. Such a
+// file gives one message that names it (and the line at fault) and what to
+// do, and the answer false: the program must end.
+bool sRegisterProgramScreens();

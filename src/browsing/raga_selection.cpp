@@ -114,6 +114,9 @@ void sChooseCurrentRaga() {
   gSelRagaId = gCurrRagaId;
   gSelRagaName = gCurrRagaName;
   sSetupRagaAndSound();
+  // A raga whose data is missing or damaged has been reported; it stays
+  // unexplored and the grid stays where it is.
+  if (gTRaga.RagaId == 0) return;
   sMainOperations(0);
 }
 

@@ -12,6 +12,7 @@
 void sSetupRagaAndSound() {
   NV_PROC("sSetupRagaAndSound");
   sSetupForCurrRaga();
+  if (gTRaga.RagaId == 0) return;  // missing or damaged: reported already, no seeds
   const std::int32_t droneType = fGetRagaDroneType(gCurrRagaId);
   if (droneType == kNoSuchRaga || droneType == gCurrDroneType) return;
   gCurrDroneType = droneType;

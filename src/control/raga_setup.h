@@ -11,7 +11,8 @@
 // sSetupForCurrRaga (the working record of gCurrRagaId), then, when the
 // raga's drone type differs from gCurrDroneType, takes it and makes the
 // note seeds again ("Error in setting up for current Raga" when that
-// fails). A raga missing from the library touches no seeds.
+// fails). A raga missing from the library, or damaged there, touches no
+// seeds.
 void sSetupRagaAndSound();
 
 // fGetSeqRagaId(n) (row n of the raga table becomes gCurrRagaId), then

@@ -31,6 +31,7 @@
 #include "store/lookups.h"
 #include "store/positioning.h"
 #include "store/queries.h"
+#include "store/schema_check.h"
 
 namespace fs = std::filesystem;
 
@@ -102,11 +103,25 @@ void readMaximisedGeometry() {
   gResizeEnabled = 0;
 }
 
-void openStores() {
+// Opens both stores; false when the library store lacks a table or column the
+// program reads (a damaged or foreign file), after one message that names the
+// file and the first missing item, and the halt.
+bool openStores() {
   gWorkspace = &platform::defaultWorkspace();
   gDbA = gWorkspace->openDatabase(gStoreAPath, true, true, kConnectString);
+  if (auto missing = fFirstMissingSchemaItem(*gDbA, kLibraryStoreSchema)) {
+    const std::string what = missing->column.empty()
+                                 ? "the table '" + missing->table + "'"
+                                 : "the column '" + missing->column + "' of the table '" +
+                                       missing->table + "'";
+    sShowMessage("Nadavik cannot start: its library file '" + gStoreAPath + "' is damaged (" +
+                 what + " is missing). Please reinstall Nadavik.");
+    sHaltProgramExecution();
+    return false;
+  }
   sEnsureUserStore(gStoreBPath);
   gDbB = gWorkspace->openDatabase(gStoreBPath, true, false, kConnectString);
+  return true;
 }
 
 void showMainPicture() {
@@ -136,7 +151,7 @@ void startProgram() {
   sMnuTraceCheck();
   fillMainLabels();
   mainWindow().setVisible(false);
-  openStores();
+  if (!openStores()) return;
   sCheckSetNVVersion();
   sSetDefaultOptions();
   sMnuTipsCheck();
@@ -151,8 +166,7 @@ void stopProgram() {
   showMainPicture();
   sDeleteWavFiles();
   sSaveUsageParameters();
-  if (gDbA) gDbA->close();
-  if (gDbB) gDbB->close();
+  sCloseStores();
   gDbA.reset();
   gDbB.reset();
   if (gCloseReason == 1) sTerminateApp();

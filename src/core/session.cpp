@@ -17,6 +17,11 @@ std::unique_ptr<platform::Database> gDbA;
 std::unique_ptr<platform::Database> gDbB;
 std::int16_t gCurrDbSelector = 1;
 
+void sCloseStores() {
+  if (gDbA) gDbA->close();
+  if (gDbB) gDbB->close();
+}
+
 std::int16_t gCurrRagaId = 0;
 std::string gCurrRagaName;
 std::int16_t gSelRagaId = 0;

@@ -38,6 +38,13 @@ extern std::unique_ptr<platform::Database> gDbA;  // library store, read-only
 extern std::unique_ptr<platform::Database> gDbB;  // user store, writable
 extern std::int16_t gCurrDbSelector;              // 1 gDbA, 2 gDbB
 
+// Closes both stores and gives up their files at once. Called on every way
+// out (the stop sequence, the halt after a fatal error, the end of main), so
+// that no store is left for the destructors of static objects, whose order
+// nothing fixes. The handles stay: a later use is the "store closed" fault,
+// never a use of freed memory. Closing twice is harmless.
+void sCloseStores();
+
 // The raga, tonic and item at hand.
 extern std::int16_t gCurrRagaId;
 extern std::string gCurrRagaName;

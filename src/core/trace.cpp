@@ -143,10 +143,12 @@ void sSetHaltProcedure(HaltProcedure procedure) { gHaltProcedure = procedure; }
 void sHaltProgramExecution() {
   if (gHaltProcedure != nullptr) {
     gHaltProcedure();
-    return;
+  } else {
+    std::error_code ec;
+    if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
   }
-  std::error_code ec;
-  if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
+  // The screens' unload handlers have had the stores; the program ends now.
+  sCloseStores();
 }
 
 void sRunTrapped(const std::function<void()>& handler) {

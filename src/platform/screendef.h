@@ -18,6 +18,20 @@
 
 namespace platform {
 
+// Bounds of the numbers a definition gives. A file with a number outside
+// them is refused, naming its line, so that no backend is ever asked for a
+// grid of two thousand million rows or a timer it cannot keep.
+inline constexpr int kMaxFormId = 32767;
+inline constexpr int kMaxControlIndex = 32767;
+inline constexpr int kMaxGridRows = 10000;
+inline constexpr int kMaxGridCols = 100;
+inline constexpr int kMinSliderValue = -32768;
+inline constexpr int kMaxSliderValue = 32767;
+inline constexpr int kMaxTimerIntervalMs = 65535;
+inline constexpr int kMaxColor = 0xFFFFFF;    // 0xBBGGRR
+inline constexpr double kMaxFontPoints = 200;  // 0 is the backend's default
+// Positions and sizes (`at`, `size`) are ratios of the window: 0 to 1.
+
 struct ControlDefinition {
   ControlKind kind = ControlKind::Label;
   std::string name;
@@ -60,11 +74,14 @@ struct ScreenParseError {
   std::string message;
 };
 
-// Parses a definition; on error returns nothing and fills `error`.
+// Parses a definition; on error (a malformed line, a number outside the
+// bounds above, a slider value outside its min and max, more fixed rows than
+// rows) returns nothing and fills `error`.
 std::optional<ScreenDefinition> parseScreenDefinition(const std::string& text,
                                                       ScreenParseError* error = nullptr);
 
-// Reads and parses screens/<file>; error.message names the file.
+// Reads and parses screens/<file>; error.message names the file and, when
+// the text is at fault, its line ("<path>, line 18: rows=... is out of range").
 std::optional<ScreenDefinition> loadScreenDefinition(const std::string& path,
                                                      ScreenParseError* error = nullptr);
 

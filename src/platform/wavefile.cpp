@@ -61,6 +61,9 @@ WaveReadResult checkFormat(const Format& format) {
 
 void copySamples(const std::uint8_t* data, std::size_t bytes, std::vector<std::int16_t>& out) {
   out.resize(bytes / 2);
+  // A data chunk shorter than one frame holds no samples; an empty vector's
+  // data() may be null, which memcpy must never be given.
+  if (out.empty()) return;
   if constexpr (std::endian::native == std::endian::little) {
     std::memcpy(out.data(), data, out.size() * 2);
   } else {

@@ -69,16 +69,19 @@ extern std::array<TAltRecord, kAltRecordCount> gTUserAlt;  // from the user stor
 // Loaders -------------------------------------------------------------------
 
 // Loads the working record of gCurrRagaId: base data, then phrases. A raga
-// missing from the library shows its message and leaves gTRaga empty. The
-// store rebuilds no sound: sSetupRagaAndSound (control/raga_setup.h) runs
-// this and then renews the seeds for the raga's drone type.
+// missing from the library, or damaged there, shows its one message and
+// leaves gTRaga empty (RagaId 0). The store rebuilds no sound:
+// sSetupRagaAndSound (control/raga_setup.h) runs this and then renews the
+// seeds for the raga's drone type.
 void sSetupForCurrRaga();
 
 // Fills gTRaga from "Raga - Technical Information" of gDbA.
 void sDBToTBaseInfo();
 // Copies the row of gCurrRagaId into gTRaga and cuts the pakad. A missing
-// row (or store) shows "The data of raga <id> is missing from the library.
-// Please reinstall Nadavik." and empties gTRaga.
+// row (or store), or a row without one of the fields the raga is played from
+// (drone type, scale and pakad with their durations), shows "The data of raga
+// <id> is missing from the library. Please reinstall Nadavik." and empties
+// gTRaga.
 void sLoadRagaScalePakadInfo();
 
 // Fills gTAlt from gDbA and gTUserAlt from gDbB ("Raga - ALT Phrases"). A

@@ -61,6 +61,19 @@ void cutPakad(const std::string& pakad, const std::string& pakadDuration) {
   gTRaga.PakadSectionEnd[0] = segments;
 }
 
+// The fields a raga is played from: its drone, its scale and its pakad. A
+// row that lacks one of them (a damaged library) counts as a missing raga, so
+// that it is reported once instead of failing at every step that plays it.
+constexpr const char* kPlayedRagaFields[] = {"DroneType",  "AarohaAlt", "AvrohaAlt",
+                                             "AaDuration", "AvDuration", "Pakad",
+                                             "PakadDuration"};
+
+bool hasPlayedFields(const platform::Recordset& raga) {
+  for (const char* name : kPlayedRagaFields)
+    if (raga.field(name).isNull()) return false;
+  return true;
+}
+
 void copyRagaRow(const platform::Recordset& raga) {
   gTRaga.RagaId = static_cast<std::int16_t>(raga.field("Raga Index").asInteger());
   const platform::Value thata = raga.field("Thata");
@@ -115,7 +128,7 @@ void sDBToTBaseInfo() {
 void sLoadRagaScalePakadInfo() {
   NV_PROC("sLoadRagaScalePakadInfo");
   auto raga = seekCurrRaga();
-  if (!raga || raga->noMatch()) {
+  if (!raga || raga->noMatch() || !hasPlayedFields(*raga)) {
     gTRaga = TRagaRecord{};
     sShowMessage("The data of raga " + std::to_string(gCurrRagaId) +
                  " is missing from the library. Please reinstall Nadavik.");

@@ -25,6 +25,7 @@ std::vector<std::string> ragaColumn(platform::Control& grid) {
 class RagaSelectionProgram : public ::testing::Test {
  protected:
   void SetUp() override {
+    changeLibrary();
     p_.start();
     p_.clock().advance(7000);
     p_.fire("Nadavik", "cTimer", EventKind::Timer);
@@ -33,8 +34,36 @@ class RagaSelectionProgram : public ::testing::Test {
     p_.fire("Nadavik", "cMnuExpRag", EventKind::Click);
   }
   platform::Control& grid() { return p_.screen("RagaSelection1").control("cRagaList"); }
+  // Changes the program folder's library store before the start.
+  virtual void changeLibrary() {}
+  int rowOf(const std::string& raga) {
+    for (int r = 0; r < grid().rows(); ++r)
+      if (grid().textMatrix(r, 0) == raga) return r;
+    return -1;
+  }
 
   ProgramHarness p_;
+};
+
+// Yaman's row of "Raga - Technical Information" with every field but its key
+// Null, as a damaged library may hold it.
+class RagaSelectionOnNullRaga : public RagaSelectionProgram {
+ protected:
+  void changeLibrary() override {
+    auto library = platform::defaultWorkspace().openDatabase(
+        (p_.folder() / "mrA.nvy").string(), true, false, "");
+    std::string sets;
+    auto columns = library->openRecordset(
+        "SELECT name FROM pragma_table_info('Raga - Technical Information') WHERE pk = 0;",
+        platform::RecordsetType::Snapshot);
+    for (; !columns->eof(); columns->moveNext())
+      sets += (sets.empty() ? "\"" : ", \"") + columns->fieldAt(0).asText() + "\" = NULL";
+    columns->close();
+    library->execute("UPDATE \"Raga - Technical Information\" SET " + sets +
+                     " WHERE \"Raga Index\" = (SELECT \"Raga Index\" FROM RagaNameList WHERE "
+                     "Raga = 'Yaman');");
+    library->close();
+  }
 };
 
 TEST_F(RagaSelectionProgram, ChoosingARagaLoadsItAndGoBackFindsTheGridAsLeft) {
@@ -55,6 +84,25 @@ TEST_F(RagaSelectionProgram, ChoosingARagaLoadsItAndGoBackFindsTheGridAsLeft) {
   EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
   EXPECT_EQ(ragaColumn(grid()), before);
   EXPECT_EQ(grid().row(), yaman - before.begin()) << "the chosen row stays current";
+}
+
+// One message when the raga is chosen, not one for each step that would play
+// it; the raga is not explored and the grid stays.
+TEST_F(RagaSelectionOnNullRaga, ChoosingItGivesOneMessageAndStaysOnTheGrid) {
+  ASSERT_TRUE(p_.messages().empty());
+  const int yaman = rowOf("Yaman");
+  ASSERT_GE(yaman, 0);
+  EXPECT_EQ(grid().textMatrix(yaman, 1), "(Undefined)");
+  grid().setRow(yaman);
+  p_.fire("RagaSelection1", "cRagaList", EventKind::Click);
+  ASSERT_EQ(p_.messages().size(), 1u);
+  EXPECT_NE(p_.messages()[0].text.find("missing from the library"), std::string::npos);
+  EXPECT_EQ(gCurrFormId, kFormRagaSelection1);
+
+  grid().setRow(rowOf("Bhupali"));  // the others still open
+  p_.fire("RagaSelection1", "cRagaList", EventKind::Click);
+  EXPECT_EQ(gCurrFormId, kFormMainOperations);
+  EXPECT_EQ(p_.messages().size(), 1u);
 }
 
 }  // namespace

@@ -65,7 +65,7 @@ ProgramHarness::~ProgramHarness() {
 
 void ProgramHarness::start(bool pressOk, const std::string& commandLine) {
   sSetProgramLocation(folder_.string(), commandLine);
-  sRegisterProgramScreens();
+  if (!sRegisterProgramScreens()) return;
   // The opening screen is modal: answer it from inside its own event loop.
   QTimer::singleShot(0, [this, pressOk] {
     fire("OpeningScreen", pressOk ? "OKButton" : "CancelButton", platform::EventKind::Click);

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "control/screen_manager.h"
+#include "control/user_store.h"
 #include "core/session.h"
 #include "platform/audio.h"
 #include "platform/store.h"
@@ -227,6 +228,114 @@ TEST(Program, AMissingLibraryStoreIsReportedByName) {
   EXPECT_FALSE(p.mainWindowLoaded());
   EXPECT_FALSE(fs::exists(p.folder() / "mrA.nvy"));
   EXPECT_NE(readFile(p.folder() / "errtrace.txt").find("mrA.nvy"), std::string::npos);
+}
+
+// A fatal error once the stores are open (here a user store that is not a
+// store at all) halts with one message and gives both store files up before
+// the program ends, so that nothing is left for the exit's destructors.
+TEST(Program, AFatalErrorAtStartReleasesBothStores) {
+  ProgramHarness p;
+  {
+    std::ofstream garbage(p.folder() / "mrB.nvy", std::ios::binary);
+    for (int i = 0; i < 69632; ++i) garbage.put(static_cast<char>((i * 7919 + 13) % 251));
+  }
+  p.start();
+  EXPECT_FALSE(p.mainWindowLoaded());
+  EXPECT_EQ(p.messages().size(), 1u);
+  for (const char* store : {"mrA.nvy", "mrB.nvy"}) {
+    SCOPED_TRACE(store);
+    const std::string path = (p.folder() / store).string();
+    long refused = 0;
+    try {
+      platform::defaultWorkspace().openDatabase(path, true, true, "")->close();
+    } catch (const platform::StoreError& e) {
+      refused = e.number;
+    }
+    EXPECT_NE(refused, 3045) << "still held by the halted program";
+  }
+}
+
+// A library store that lacks a table or column the program reads ends the
+// start with one message that names the file and the first missing item;
+// the user store is not even made.
+TEST(Program, ADamagedLibraryIsNamedInOneMessageAndTheStartEnds) {
+  const std::pair<const char*, const char*> damages[] = {
+      {"DROP TABLE \"NVTips\";", "the table 'NVTips'"},
+      {"DROP TABLE \"NVVersion\";", "the table 'NVVersion'"},
+      {"DROP TABLE \"RagaNameList\";", "the table 'RagaNameList'"},
+      {"ALTER TABLE \"Raga - Technical Information\" RENAME COLUMN \"Jati\" TO \"Jaati\";",
+       "the column 'Jati' of the table 'Raga - Technical Information'"},
+  };
+  for (const auto& [damage, named] : damages) {
+    SCOPED_TRACE(damage);
+    ProgramHarness p;
+    const std::string library = (p.folder() / "mrA.nvy").string();
+    {
+      auto store = platform::defaultWorkspace().openDatabase(library, true, false, "");
+      store->execute(damage);
+      store->close();
+    }
+    p.start();
+    EXPECT_FALSE(p.mainWindowLoaded());
+    ASSERT_EQ(p.messages().size(), 1u);
+    const std::string& text = p.messages()[0].text;
+    EXPECT_NE(text.find("'" + library + "'"), std::string::npos) << text;
+    EXPECT_NE(text.find(named), std::string::npos) << text;
+    EXPECT_NE(text.find("reinstall"), std::string::npos) << text;
+    EXPECT_FALSE(fs::exists(p.folder() / "mrB.nvy"));
+  }
+}
+
+// A missing or hostile screen definition is found before anything starts:
+// one message names the file (and the line at fault), and nothing is made.
+TEST(Program, AMissingOrDamagedScreenDefinitionIsNamedInOneMessage) {
+  struct Case {
+    const char* screen;
+    const char* replacedBy;  // nullptr: the file is removed
+    const char* named;
+  };
+  const Case cases[] = {
+      {"Nadavik", nullptr, "Nadavik.screen: the file is missing"},
+      {"RagaSelection1", "screen RagaSelection1 id=9\ngrid cRagaList rows=2000000000\n",
+       "RagaSelection1.screen, line 2: rows=2000000000 is out of range"},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.screen);
+    ProgramHarness p;
+    const fs::path file = p.folder() / "screens" / (std::string(c.screen) + ".screen");
+    if (c.replacedBy)
+      std::ofstream(file, std::ios::trunc) << c.replacedBy;
+    else
+      fs::remove(file);
+    p.start();
+    ASSERT_EQ(p.messages().size(), 1u);
+    EXPECT_NE(p.messages()[0].text.find(c.named), std::string::npos) << p.messages()[0].text;
+    EXPECT_NE(p.messages()[0].text.find("reinstall"), std::string::npos);
+    EXPECT_FALSE(fs::exists(p.folder() / "errtrace.txt"));
+  }
+}
+
+// Seen in the field: stored usage parameters far beyond a 16-bit number were
+// cast unchecked. They are rounded and clamped to the 16-bit range.
+TEST(Program, StoredNumbersBeyondSixteenBitsAreRoundedAndClamped) {
+  ProgramHarness p;
+  const std::string user = (p.folder() / "mrB.nvy").string();
+  platform::defaultWorkspace().createDatabase(user, kUserStoreSchema);
+  {
+    auto store = platform::defaultWorkspace().openDatabase(user, true, false, "");
+    store->execute(
+        "UPDATE \"User Parameters\" SET \"Parameter Value\" = CASE \"Parameter Name\" "
+        "WHEN 'DelayC' THEN '1e10' WHEN 'DelayW' THEN '-40000' WHEN 'DelayPC' THEN '7.5' END "
+        "WHERE \"Parameter Name\" IN ('DelayC', 'DelayW', 'DelayPC');");
+    store->close();
+  }
+  p.start();
+  ASSERT_TRUE(p.mainWindowLoaded());
+  EXPECT_EQ(gDelayC, 32767);
+  EXPECT_EQ(gDelayW, -32768);
+  EXPECT_EQ(gDelayPC, 8);
+  finishStartUp(p);
+  p.fire("Nadavik", "cExit", EventKind::Click);
 }
 
 TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {

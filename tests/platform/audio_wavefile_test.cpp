@@ -127,4 +127,20 @@ TEST(WaveFile, RefusesWhatItCannotPlayWithAReason) {
 }
 
 }  // namespace
+// Seen in the field: a data chunk shorter than one frame is a valid, silent
+// file (decoding it once handed memcpy a null pointer).
+TEST(WaveFile, ADataChunkShorterThanOneFrameHoldsNoFrames) {
+  WaveSpec spec;
+  spec.channels = 2;
+  std::vector<std::uint8_t> data;
+  testing::putTag(data, "data");
+  testing::putU32(data, 3);
+  data.insert(data.end(), {1, 2, 3, 0});  // three bytes and the pad byte
+  WaveClip clip;
+  WaveReadResult result = decodeWave(testing::riff({testing::formatChunk(spec), data}), clip);
+  ASSERT_EQ(result.status, WaveReadStatus::Ok) << result.error;
+  EXPECT_EQ(clip.frameCount(), 0);
+  EXPECT_EQ(clip.lengthMs(), 0);
+}
+
 }  // namespace platform

@@ -66,6 +66,20 @@ TEST(ScreenDefinition, RefusesMalformedFilesWithTheLineNumber) {
       {"screen A id=x\n", 1, "bad form id"},
       {"screen A id=1\nlabel cX:-1\n", 2, "needs a name"},
       {"# nothing\n", 1, "no screen line"},
+      // Seen in the field: numbers no window could hold.
+      {"screen A id=1\ngrid cG rows=2000000000\n", 2,
+       "rows=2000000000 is out of range (0 to 10000)"},
+      {"screen A id=1\ngrid cG rows=99999999999\n", 2, "bad value"},
+      {"screen A id=1\ngrid cG cols=-1\n", 2, "cols=-1 is out of range"},
+      {"screen A id=1\ngrid cG rows=2 fixedrows=3\n", 2, "fixedrows=3 is more than rows=2"},
+      {"screen A id=1\nslider cS min=5 max=1\n", 2, "min=5 is above max=1"},
+      {"screen A id=1\nslider cS value=11\n", 2, "value=11 is outside min to max (0 to 10)"},
+      {"screen A id=1\ntimer cT interval=70000\n", 2, "interval=70000 is out of range"},
+      {"screen A id=1\nlabel cX at=1.5,0.2\n", 2, "at=1.5,0.2 is out of range (0 to 1)"},
+      {"screen A id=1\nlabel cX font=Arial,1e9\n", 2, "out of range"},
+      {"screen A id=1\nlabel cX backcolor=0x1000000\n", 2, "out of range (0 to 16777215)"},
+      {"screen A id=1\nlabel cX:40000\n", 2, "the index 0 to 32767"},
+      {"screen A id=99999\n", 1, "id=99999 is out of range"},
   };
   for (const auto& c : cases) {
     ScreenParseError error;

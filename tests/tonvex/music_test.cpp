@@ -2,8 +2,10 @@
 // clicks, grace notes, no clipping, and bad input that leaves no file.
 #include <gtest/gtest.h>
 
-#include <cmath>
+#include <sys/stat.h>
 
+#include <cmath>
+#include <filesystem>
 #include <sstream>
 
 #include "audio_measure.h"
@@ -183,6 +185,18 @@ TEST_F(MusicTest, UnwritableOutputFails) {
   const std::string path = scratchFile("no-such-dir") + "/a.wav";
   EXPECT_EQ(makeMusic("12", "100", path), 0);
   EXPECT_FALSE(fileExists(path));
+}
+
+// Seen in the field: run as root, "-o /dev/full" put a wave file in the
+// device's place. A pipe stands in for the device here.
+TEST_F(MusicTest, AnOutputThatIsNotARegularFileIsNeverReplaced) {
+  const std::string pipe = scratchFile("pipe.wav");
+  std::filesystem::remove(pipe);
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(makeMusic("12", "100", pipe), 0);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  EXPECT_FALSE(fileExists(pipe + ".part"));
+  std::filesystem::remove(pipe);
 }
 
 TEST_F(MusicTest, MissingSeedsAndDroneFail) {

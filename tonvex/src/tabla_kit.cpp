@@ -7,6 +7,8 @@
 //   glide <semitones> <ms>
 //   click <ms> <amplitude> <lowpassHz>
 //   bol <id> <name> <voice>@<beatFraction>[*<gain>] ...
+// Every number must lie within its range (tabla_kit.h); a line that breaks
+// one is named with the number and the range.
 // A library file adds a last line "checksum <8 hex digits>", the FNV-1a hash
 // of every byte before it. Stateless.
 #include "tabla_kit.h"
@@ -31,9 +33,24 @@ std::optional<double> number(const std::string& word) {
   return v;
 }
 
+std::string formatted(double v) {
+  std::ostringstream text;
+  text << v;
+  return text.str();
+}
+
 struct Parser {
   TablaKit kit;
   std::string error;
+  std::string problem;  // why the current line is refused, when more is known
+
+  // Whether v lies in range; if not, the problem names it.
+  bool within(double v, KitRange range, const char* what) {
+    if (range.holds(v)) return true;
+    problem = std::string(what) + " " + formatted(v) + " is out of range (" +
+              formatted(range.low) + " to " + formatted(range.high) + ")";
+    return false;
+  }
 
   int voiceIndex(const std::string& name) const {
     for (size_t i = 0; i < kit.voices.size(); ++i)
@@ -53,15 +70,15 @@ struct Parser {
     return out.size() == n;
   }
 
-  bool parseHit(const std::string& word, KitHit& hit) const {
+  bool parseHit(const std::string& word, KitHit& hit) {
     const size_t at = word.find('@');
     if (at == std::string::npos) return false;
     hit.voice = voiceIndex(word.substr(0, at));
     const size_t star = word.find('*', at);
     auto fraction = number(word.substr(at + 1, star == std::string::npos ? star : star - at - 1));
     auto gain = star == std::string::npos ? std::optional<double>(1.0) : number(word.substr(star + 1));
-    if (hit.voice < 0 || !fraction || !gain || *fraction < 0 || *fraction >= 1 || *gain <= 0)
-      return false;
+    if (hit.voice < 0 || !fraction || !gain || *fraction < 0 || *fraction >= 1) return false;
+    if (!within(*gain, kHitGainRange, "hit gain")) return false;
     hit.beatFraction = *fraction;
     hit.gain = *gain;
     return true;
@@ -88,14 +105,23 @@ struct Parser {
     KitVoice& voice = kit.voices.back();
     std::vector<double> v;
     if (keyword == "mode") {
-      if (!numbers(in, v, 4) || v[0] <= 0 || v[2] <= 0 || v[3] < 0) return false;
+      if (!numbers(in, v, 4) || !within(v[0], kModeRatioRange, "mode ratio") ||
+          !within(v[1], kAmplitudeRange, "mode amplitude") ||
+          !within(v[2], kDecayMsRange, "mode decay ms") ||
+          !within(v[3], kTwinHzRange, "mode twin Hz"))
+        return false;
       voice.modes.push_back(KitMode{v[0], v[1], v[2], v[3]});
     } else if (keyword == "glide") {
-      if (!numbers(in, v, 2) || v[1] <= 0) return false;
+      if (!numbers(in, v, 2) || !within(v[0], kGlideSemitonesRange, "glide semitones") ||
+          !within(v[1], kGlideMsRange, "glide ms"))
+        return false;
       voice.glideSemitones = v[0];
       voice.glideMs = v[1];
     } else if (keyword == "click") {
-      if (!numbers(in, v, 3) || v[0] <= 0 || v[2] <= 0) return false;
+      if (!numbers(in, v, 3) || !within(v[0], kClickMsRange, "click ms") ||
+          !within(v[1], kAmplitudeRange, "click amplitude") ||
+          !within(v[2], kLowpassHzRange, "click low-pass Hz"))
+        return false;
       voice.clickMs = v[0];
       voice.clickAmplitude = v[1];
       voice.clickLowpassHz = v[2];
@@ -115,7 +141,8 @@ struct Parser {
       return !kit.name.empty();
     }
     if (keyword == "dayan" || keyword == "bayan") {
-      if (!numbers(in, v, 1) || v[0] <= 0) return false;
+      const char* what = keyword == "dayan" ? "dayan ratio" : "bayan ratio";
+      if (!numbers(in, v, 1) || !within(v[0], kDrumRatioRange, what)) return false;
       (keyword == "dayan" ? kit.dayanRatio : kit.bayanRatio) = v[0];
       return true;
     }
@@ -162,7 +189,9 @@ std::optional<TablaKit> parseKitText(std::string_view text, std::string& error) 
       continue;
     const bool ok = sawHeader ? p.parseLine(line) : line == "tonvex-kit 1";
     if (!ok) {
-      error = "line " + std::to_string(lineNo) + ": cannot read \"" + line + "\"";
+      error = "line " + std::to_string(lineNo) + ": " +
+              (p.problem.empty() ? std::string("cannot read") : p.problem) + " in \"" + line +
+              "\"";
       return std::nullopt;
     }
     sawHeader = true;

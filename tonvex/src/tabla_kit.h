@@ -14,6 +14,25 @@ namespace tonvex {
 
 inline constexpr int kBolCount = 20;
 
+// Bounds of every number of a kit. The parser refuses a line with a number
+// outside them and names the line; the synthesiser clamps to them, so that a
+// kit made in code can overflow neither a stroke's length nor its samples.
+struct KitRange {
+  double low, high;
+  bool holds(double v) const { return v >= low && v <= high; }  // false for NaN
+  double clamp(double v) const { return v >= low ? (v <= high ? v : high) : low; }
+};
+inline constexpr KitRange kDrumRatioRange{0.05, 8.0};      // dayan, bayan: times the middle Sa
+inline constexpr KitRange kModeRatioRange{0.1, 32.0};      // times the drum's pitch
+inline constexpr KitRange kAmplitudeRange{0.0, 10.0};      // of a mode or a click
+inline constexpr KitRange kDecayMsRange{0.1, 10000.0};     // time constant
+inline constexpr KitRange kTwinHzRange{0.0, 1000.0};
+inline constexpr KitRange kGlideSemitonesRange{-24.0, 24.0};
+inline constexpr KitRange kGlideMsRange{0.1, 10000.0};
+inline constexpr KitRange kClickMsRange{0.1, 1200.0};      // at most the longest stroke
+inline constexpr KitRange kLowpassHzRange{1.0, 20000.0};
+inline constexpr KitRange kHitGainRange{0.001, 10.0};
+
 struct KitMode {
   double ratio = 1.0;      // frequency as a multiple of the drum's pitch
   double amplitude = 0.0;  // initial amplitude
@@ -51,8 +70,9 @@ struct TablaKit {
   std::vector<KitBol> bols;  // index = Theka Bol Id - 1, all 20 present
 };
 
-// Parses kit text (comment lines "#", no checksum line). nullopt on any error;
-// error then says which line and why.
+// Parses kit text (comment lines "#", no checksum line). nullopt on any error
+// (a malformed line, a number outside its range above); error then says which
+// line and why.
 std::optional<TablaKit> parseKitText(std::string_view text, std::string& error);
 
 // The library file for kit text: the text followed by "checksum <hex>".

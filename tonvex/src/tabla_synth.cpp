@@ -18,6 +18,25 @@ namespace {
 constexpr int kGlideBlock = 32;
 constexpr int kFadeOutSamples = kSampleRate / 10;
 
+// The voice with every number held to its range (tabla_kit.h). The parser
+// refuses numbers outside them; a voice made in code is clamped here, so that
+// no length overflows and no sample becomes infinite or NaN.
+KitVoice clampedVoice(const KitVoice& voice) {
+  KitVoice v = voice;
+  for (KitMode& m : v.modes) {
+    m.ratio = kModeRatioRange.clamp(m.ratio);
+    m.amplitude = kAmplitudeRange.clamp(m.amplitude);
+    m.decayMs = kDecayMsRange.clamp(m.decayMs);
+    m.twinHz = kTwinHzRange.clamp(m.twinHz);
+  }
+  v.glideSemitones = kGlideSemitonesRange.clamp(v.glideSemitones);
+  v.glideMs = kGlideMsRange.clamp(v.glideMs);
+  v.clickMs = kClickMsRange.clamp(v.clickMs);
+  v.clickAmplitude = kAmplitudeRange.clamp(v.clickAmplitude);
+  v.clickLowpassHz = kLowpassHzRange.clamp(v.clickLowpassHz);
+  return v;
+}
+
 size_t strokeLength(const KitVoice& voice) {
   double ms = voice.clickMs;
   for (const KitMode& m : voice.modes) ms = std::max(ms, m.decayMs * 6.9);  // -60 dB
@@ -33,7 +52,7 @@ double glideFactor(const KitVoice& voice, double t) {
 
 void addPartial(const KitVoice& voice, double hz, double amplitude, double decayMs,
                 std::vector<float>& out) {
-  if (hz >= 0.45 * kSampleRate || amplitude == 0.0) return;
+  if (!(std::abs(hz) < 0.45 * kSampleRate) || amplitude == 0.0) return;  // NaN too
   const double damping = std::exp(-1000.0 / (decayMs * kSampleRate));
   std::complex<double> z(0.0, amplitude);  // imaginary part: a sine from phase 0
   for (size_t start = 0; start < out.size(); start += kGlideBlock) {
@@ -73,7 +92,8 @@ void shapeEnds(std::vector<float>& out) {
 
 }  // namespace
 
-std::vector<float> renderKitVoice(const KitVoice& voice, double drumHz) {
+std::vector<float> renderKitVoice(const KitVoice& kitVoice, double drumHz) {
+  const KitVoice voice = clampedVoice(kitVoice);
   std::vector<float> out(strokeLength(voice), 0.0f);
   for (const KitMode& m : voice.modes) {
     if (m.twinHz > 0) {  // a split pair, symmetric about the mode

@@ -67,11 +67,23 @@ bool writeComplete(std::FILE* f, std::span<const int16_t> samples) {
   return std::fwrite(header.data(), 1, header.size(), f) == header.size();
 }
 
+// Whether a file may be written at path: a new path or a regular file. A
+// device node, pipe, folder or link is never replaced (renaming over
+// "/dev/full" as root would put a wave file in the device's place, and
+// writing through a link would reach a file elsewhere).
+bool replaceable(const std::string& path) {
+  std::error_code ec;
+  const auto type = std::filesystem::symlink_status(path, ec).type();
+  return type == std::filesystem::file_type::not_found ||
+         type == std::filesystem::file_type::regular;
+}
+
 }  // namespace
 
 bool writeWavFile(const std::string& path, std::span<const int16_t> samples) {
   if (path.empty() || samples.empty() || samples.size() > 0x7FFFFFF0u / 2) return false;
   const std::string partPath = path + ".part";
+  if (!replaceable(path) || !replaceable(partPath)) return false;
   std::FILE* f = std::fopen(partPath.c_str(), "wb");
   if (f == nullptr) return false;
   const bool written = writeComplete(f, samples);

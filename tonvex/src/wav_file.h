@@ -11,7 +11,9 @@
 
 namespace tonvex {
 
-// Writes the samples; false if the file cannot be written (nothing is left).
+// Writes the samples; false if the file cannot be written (nothing is left),
+// or if path or "<path>.part" is there and is not a regular file (a device,
+// pipe, folder or link is never replaced).
 bool writeWavFile(const std::string& path, std::span<const int16_t> samples);
 
 // Reads a file in the format writeWavFile produces: mono, 16-bit PCM, 44100 Hz.

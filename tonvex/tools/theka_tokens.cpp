@@ -27,7 +27,10 @@ std::vector<std::string> thekaTokens(const std::vector<double>& durationsMs, dou
   for (double durationMs : durationsMs) {
     const double noteEndMs = noteStartMs + durationMs;
     const long first = nextStroke;
-    while (nextStroke * beatMs < noteEndMs - 1e-9) ++nextStroke;
+    // A beat of no length, or a note that never ends, would never run out
+    // of strokes: such a note gets none (the caller checks its arguments).
+    if (beatMs > 0 && std::isfinite(noteEndMs))
+      while (nextStroke * beatMs < noteEndMs - 1e-9) ++nextStroke;
     if (nextStroke == first) {
       tokens.push_back("0");
     } else {

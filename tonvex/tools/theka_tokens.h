@@ -16,7 +16,8 @@ std::optional<std::vector<int>> builtInTheka(std::string_view talaName);
 
 // One token per note: "0" when no stroke starts within the note, otherwise
 // count/bol/.../offset, strokes falling every beatMs from the phrase's start
-// and the first on startBeat (1-based) of the cycle.
+// and the first on startBeat (1-based) of the cycle. A beatMs that is not
+// above 0, or a duration that is not finite, places no strokes.
 std::vector<std::string> thekaTokens(const std::vector<double>& durationsMs, double beatMs,
                                      const std::vector<int>& cycleBols, int startBeat);
 

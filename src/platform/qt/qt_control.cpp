@@ -22,6 +22,7 @@
 #include <QSlider>
 #include <QTableWidget>
 #include <QTimer>
+#include <algorithm>
 
 #include "platform/audio.h"
 #include "platform/qt/qt_screen.h"
@@ -232,7 +233,10 @@ void QtControl::createWidget(QWidget* parent, QButtonGroup* optionGroup) {
       w = new QComboBox(parent);
       break;
     case ControlKind::Grid: {
-      auto* grid = new QTableWidget(std::max(def_.rows, 1), std::max(def_.cols, 1), parent);
+      // The parser bounds a definition's numbers; a definition made in code
+      // is held to the same bounds here.
+      auto* grid = new QTableWidget(std::clamp(def_.rows, 1, kMaxGridRows),
+                                    std::clamp(def_.cols, 1, kMaxGridCols), parent);
       grid->horizontalHeader()->hide();
       grid->verticalHeader()->hide();
       grid->setEditTriggers(QAbstractItemView::NoEditTriggers);
@@ -753,7 +757,7 @@ int QtControl::rows() const {
 }
 void QtControl::setRows(int n) {
   if (def_.kind != ControlKind::Grid) unsupported("Rows");
-  asGrid(widget_)->setRowCount(std::max(n, 0));
+  asGrid(widget_)->setRowCount(std::clamp(n, 0, kMaxGridRows));
 }
 int QtControl::cols() const {
   if (def_.kind != ControlKind::Grid) unsupported("Cols");
@@ -761,7 +765,7 @@ int QtControl::cols() const {
 }
 void QtControl::setCols(int n) {
   if (def_.kind != ControlKind::Grid) unsupported("Cols");
-  asGrid(widget_)->setColumnCount(std::max(n, 0));
+  asGrid(widget_)->setColumnCount(std::clamp(n, 0, kMaxGridCols));
 }
 int QtControl::row() const {
   if (def_.kind != ControlKind::Grid) unsupported("Row");

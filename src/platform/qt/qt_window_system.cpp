@@ -24,7 +24,8 @@ Screen& QtWindowSystem::screen(const std::string& name) {
   if (it != screens_.end()) return *it->second;
   ScreenParseError error;
   auto def = loadScreenDefinition(screensDir_ + "/" + name + ".screen", &error);
-  if (!def) throw ProgramError("Screen definition of '" + name + "' unusable: " + error.message);
+  if (!def)
+    throw ProgramError("The screen definition of '" + name + "' cannot be used: " + error.message);
   auto screen = std::make_unique<QtScreen>(std::move(*def));
   Screen& result = *screen;
   screens_.emplace(name, std::move(screen));

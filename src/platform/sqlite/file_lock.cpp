@@ -1,6 +1,9 @@
 // The hold a process keeps on an open store file: an flock on our own
 // descriptor plus a registry of the files this process holds.
 // State: the registry (files held by this process, by device and inode).
+// The registry lives until the process ends and is never destroyed: stores
+// held in objects with static storage are released by their destructors at
+// exit, which may run after the destructors of this file's own statics.
 #include "platform/sqlite/file_lock.h"
 
 #include <fcntl.h>
@@ -23,9 +26,11 @@ struct Hold {
   bool exclusive = false;
 };
 
+// Made once and deliberately never freed (see the banner), so that a
+// release during static destruction still finds it.
 std::map<std::pair<dev_t, ino_t>, Hold>& heldFiles() {
-  static std::map<std::pair<dev_t, ino_t>, Hold> held;
-  return held;
+  static auto* held = new std::map<std::pair<dev_t, ino_t>, Hold>;
+  return *held;
 }
 
 [[noreturn]] void throwInUse(const std::string& path) {

@@ -9,6 +9,8 @@
 //   * Result: 1 means success; any other value (0 here) means failure. A
 //     failing generate operation never leaves a valid-looking output file:
 //     files are written to "<outFile>.part" and renamed only when complete.
+//     An outFile (or "<outFile>.part") that is there and is not a regular
+//     file (a device, pipe, folder or link) fails: it is never replaced.
 //   * Strings are passed as const std::string& (8-bit text); the library
 //     never changes them.
 //   * Output files are ordinary RIFF/WAVE, PCM, 16-bit signed, mono, 44100 Hz.
