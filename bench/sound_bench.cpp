@@ -70,8 +70,8 @@ BENCHMARK(BM_CreateNoteSeedsForUse)->Unit(benchmark::kMillisecond);
 void BM_ApplyScaleShift(benchmark::State& state) {
   BenchStore store;
   if (fCreateNoteSeedsForUse() != 1) state.SkipWithError("fCreateNoteSeedsForUse failed");
-  ScaleShiftSpec spec{12, 318.0f, 316.0f};
-  for (auto _ : state) benchmark::DoNotOptimize(fApplyScaleShift(spec));
+  ScaleShiftSpec shift{12, 318.0f, 316.0f};
+  for (auto _ : state) benchmark::DoNotOptimize(fApplyScaleShift(shift));
 }
 BENCHMARK(BM_ApplyScaleShift)->Unit(benchmark::kMillisecond);
 

@@ -48,26 +48,26 @@ std::int16_t fAdjustNoteSeeds(const std::string& setName,
   return tuned ? 1 : 0;
 }
 
-void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setName,
+void sAdjustNotesForFreqRat(const ScaleShiftSpec& shift, const std::string& setName,
                             std::int16_t instrumentType) {
   NV_PROC("sAdjustNotesForFreqRat");
-  const float shiftSpc = spec.NewSPC - spec.BaseSPC;
+  const float shiftSpc = shift.NewSPC - shift.BaseSPC;
   gNoteAdjust.fill(0.0f);
   auto specs = gDbA->openRecordset("Note Specifications", platform::RecordsetType::Table);
   auto ratioSets = gDbA->openRecordset("ONPRSets", platform::RecordsetType::Table);
-  const std::optional<float> refSpc = recordedSpc(*specs, gMainSetName, spec.RefNote);
-  sSetTablePKRecord2(*ratioSets, spec.RefNote - kMiddleSaAboveTonic,
+  const std::optional<float> refSpc = recordedSpc(*specs, gMainSetName, shift.RefNote);
+  sSetTablePKRecord2(*ratioSets, shift.RefNote - kMiddleSaAboveTonic,
                      static_cast<int>(instrumentType));
   if (refSpc && !ratioSets->noMatch()) {
     OnprRow ratios{};
     RecordedSpcs ownSpcs{};
     for (int i = 0; i < kOnprColumns; ++i) {
       ratios[i] = fGetSPCFactor(*ratioSets, static_cast<std::int16_t>(i));
-      const int noteId = spec.RefNote - kOnprTonicColumn + i;
+      const int noteId = shift.RefNote - kOnprTonicColumn + i;
       if (noteId >= 0 && noteId < kNoteAdjustSize)
         ownSpcs[noteId] = recordedSpc(*specs, setName, noteId);
     }
-    gNoteAdjust = fRatioDeltas(spec.RefNote, shiftSpc, *refSpc, ratios, ownSpcs);
+    gNoteAdjust = fRatioDeltas(shift.RefNote, shiftSpc, *refSpc, ratios, ownSpcs);
   }
   specs->close();
   ratioSets->close();
@@ -86,11 +86,11 @@ void sSaveAdjustments(std::int16_t kind) {
   if (saved) std::copy_n(gNoteAdjust.begin(), kMaxSoundNoteId + 1, saved->begin());
 }
 
-std::int16_t fApplyScaleShift(const ScaleShiftSpec& spec) {
+std::int16_t fApplyScaleShift(const ScaleShiftSpec& shift) {
   NV_PROC("fApplyScaleShift");
-  sAdjustNotesForFreqRat(spec, gMainSetName, kMainInstrument);
+  sAdjustNotesForFreqRat(shift, gMainSetName, kMainInstrument);
   sSaveAdjustments(1);
-  sAdjustNotesForFreqRat(spec, gDroneSetName, kDroneInstrument);
+  sAdjustNotesForFreqRat(shift, gDroneSetName, kDroneInstrument);
   sSaveAdjustments(2);
   return 1;
 }

@@ -15,14 +15,14 @@
 std::int16_t fAdjustNoteSeeds(const std::string& setName, std::int16_t instrumentType);
 
 // Puts each note of the set at its "ONPRSets" ratio to the reference note
-// spec.RefNote (the middle S), whose period is the main set's recorded one
+// shift.RefNote (the middle S), whose period is the main set's recorded one
 // moved by NewSPC - BaseSPC; fills gNoteAdjust with the deltas and tunes the
 // notes, each from its recorded period (the note is reloaded first). With
 // NewSPC equal to BaseSPC the ratios still apply. A refused delta shows
 // "Error adjusting SPC", a note that cannot be reloaded its load message;
 // either ends the tuning. Without the
 // reference note or the ratio row of its tonic nothing is tuned.
-void sAdjustNotesForFreqRat(const ScaleShiftSpec& spec, const std::string& setName,
+void sAdjustNotesForFreqRat(const ScaleShiftSpec& shift, const std::string& setName,
                             std::int16_t instrumentType);
 
 // Copies gNoteAdjust[0..40] into gMainAdjust (kind 1) or gDroneAdjust (kind 2).
@@ -30,4 +30,4 @@ void sSaveAdjustments(std::int16_t kind);
 
 // Retunes the main and then the drone set to the shifted scale and saves both
 // vectors. Always 1.
-std::int16_t fApplyScaleShift(const ScaleShiftSpec& spec);
+std::int16_t fApplyScaleShift(const ScaleShiftSpec& shift);

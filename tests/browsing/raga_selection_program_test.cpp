@@ -9,6 +9,7 @@
 
 #include "control/screen_manager.h"
 #include "core/session.h"
+#include "platform/store.h"
 #include "program_harness.h"
 #include "store/working_record.h"
 

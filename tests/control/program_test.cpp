@@ -315,29 +315,6 @@ TEST(Program, AMissingOrDamagedScreenDefinitionIsNamedInOneMessage) {
   }
 }
 
-// Seen in the field: stored usage parameters far beyond a 16-bit number were
-// cast unchecked. They are rounded and clamped to the 16-bit range.
-TEST(Program, StoredNumbersBeyondSixteenBitsAreRoundedAndClamped) {
-  ProgramHarness p;
-  const std::string user = (p.folder() / "mrB.nvy").string();
-  platform::defaultWorkspace().createDatabase(user, kUserStoreSchema);
-  {
-    auto store = platform::defaultWorkspace().openDatabase(user, true, false, "");
-    store->execute(
-        "UPDATE \"User Parameters\" SET \"Parameter Value\" = CASE \"Parameter Name\" "
-        "WHEN 'DelayC' THEN '1e10' WHEN 'DelayW' THEN '-40000' WHEN 'DelayPC' THEN '7.5' END "
-        "WHERE \"Parameter Name\" IN ('DelayC', 'DelayW', 'DelayPC');");
-    store->close();
-  }
-  p.start();
-  ASSERT_TRUE(p.mainWindowLoaded());
-  EXPECT_EQ(gDelayC, 32767);
-  EXPECT_EQ(gDelayW, -32768);
-  EXPECT_EQ(gDelayPC, 8);
-  finishStartUp(p);
-  p.fire("Nadavik", "cExit", EventKind::Click);
-}
-
 TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {
   ProgramHarness p;
   fs::remove(p.folder() / "Shusha.ttf");
