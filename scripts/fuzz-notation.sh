@@ -26,6 +26,6 @@ seeds=(
 )
 for i in "${!seeds[@]}"; do printf '\001%s' "${seeds[$i]}" >"$build/corpus/seed$i"; done
 
-"$build/tests/notation/fuzz/notation_fuzz" "$build/corpus" \
+"$build/fuzz/notation_fuzz" "$build/corpus" \
   -max_total_time="$seconds" -max_len=8192 -artifact_prefix="$build/artifacts/" \
   -print_final_stats=1

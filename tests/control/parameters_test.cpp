@@ -12,9 +12,9 @@
 #include <filesystem>
 #include <fstream>
 #include <functional>
+#include <iterator>
 #include <random>
 #include <set>
-#include <sstream>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -29,7 +29,6 @@
 
 namespace fs = std::filesystem;
 using platform::RecordsetType;
-using platform::Value;
 
 namespace {
 
@@ -105,64 +104,43 @@ class UsageParameters : public ::testing::Test {
     gDbA = gWorkspace->openDatabase(library, true, true, "");
     gWorkspace->createDatabase(userStore(), kUserStoreSchema);
     openUserStore();
-    auto scales = gDbB->openRecordset("Scale Shift Specs", RecordsetType::Table);
-    scales->addNew();
-    scales->setField("NPSetId", 13);
-    scales->setField("NPSetName", "Just Yaman");
-    scales->setField("TonicNoteId", 5);
-    scales->update();
+    gDbB->execute("INSERT INTO [Scale Shift Specs] (NPSetId, NPSetName, TonicNoteId) VALUES (13, 'Just Yaman', 5);");
   }
   void TearDown() override {
     gDbA.reset();
     gDbB.reset();
-    platform::setWindowSystem(nullptr);
     fs::remove_all(dir_);
   }
 
   std::string userStore() const { return (dir_ / "mrB.nvy").string(); }
   void openUserStore() { gDbB = gWorkspace->openDatabase(userStore(), true, false, ""); }
 
-  void store(const std::string& name, const Value& value) {
-    auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-    rs->setIndex("PrimaryKey");
-    rs->seek("=", {Value(name)});
-    ASSERT_FALSE(rs->noMatch()) << name;
-    rs->edit();
-    rs->setField("Parameter Value", value);
-    rs->update();
-  }
-
   // Every row of User Parameters, name and text, in name order.
   std::vector<std::pair<std::string, std::string>> storedRows() {
     std::vector<std::pair<std::string, std::string>> rows;
     auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
     rs->setIndex("PrimaryKey");
-    for (rs->moveFirst(); !rs->eof(); rs->moveNext())
-      rows.emplace_back(rs->field("Parameter Name").asText(),
-                        rs->field("Parameter Value").asText());
+    for (; !rs->eof(); rs->moveNext())
+      rows.emplace_back(rs->field("Parameter Name").asText(), rs->field("Parameter Value").asText());
     return rows;
   }
 
   std::string traceText() {
     std::ifstream in(gErrTraceFile);
-    std::stringstream text;
-    text << in.rdbuf();
-    return text.str();
+    return {std::istreambuf_iterator<char>(in), {}};
   }
 
   fs::path dir_;
   RecordingWindowSystem windows_;
 };
 
-TEST_F(UsageParameters, EveryRowOfTheStoreHasARoundTripBelow) {
-  std::set<std::string> tested;
+// Every row of the store is a parameter of the table above, and every one
+// saved is restored at the next start.
+TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
+  std::set<std::string> tested, rows;
   for (const Parameter& p : everyParameter()) tested.insert(p.name);
-  std::set<std::string> rows;
   for (const auto& row : storedRows()) rows.insert(row.first);
   EXPECT_EQ(rows, tested);
-}
-
-TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
   setEvery(false);
   sSaveUsageParameters();
   for (const Parameter& p : everyParameter()) p.set(-1);
@@ -174,58 +152,53 @@ TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
 
 TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
   struct Row {
-    std::vector<std::pair<const char*, Value>> stored;  // the others stay Null
-    const char* checked;
-    double expected;
+    std::vector<std::pair<const char*, const char*>> stored;  // nullptr and the others: Null
+    std::vector<std::pair<const char*, double>> expected;
     bool traced;  // a line in the trace file says what was not used
   };
   const Row rows[] = {
-      // A new installation: every value Null.
-      {{}, "FormL", 0.05 * kScreenW, false},
-      {{}, "FormT", 0.05 * kScreenH, false},
-      {{}, "FormW", 0.9 * kScreenW, false},
-      {{}, "FormH", 0.9 * kScreenH, false},
-      {{}, "CurrTonicNoteId", 3, false},
-      {{}, "CurrMusicSetId", 3, false},
-      {{}, "LastTip", kTipCount, false},  // so the first tip shown is tip 1
-      {{}, "CurrDroneFactor", 1.0, false},
+      // A new installation: every value Null; the first tip shown is tip 1.
+      {{},
+       {{"FormL", 0.05 * kScreenW}, {"FormT", 0.05 * kScreenH}, {"FormW", 0.9 * kScreenW}, {"FormH", 0.9 * kScreenH},
+        {"CurrTonicNoteId", 3}, {"CurrMusicSetId", 3}, {"LastTip", kTipCount}, {"CurrDroneFactor", 1.0}},
+       false},
       // Null and empty text differ for DelayMO alone.
-      {{{"DelayMO", Value()}}, "DelayMO", 10, false},
-      {{{"DelayMO", Value("")}}, "DelayMO", 0, false},
-      {{{"DelayC", Value("")}}, "DelayC", 10, false},
+      {{{"DelayMO", nullptr}}, {{"DelayMO", 10}}, false},
+      {{{"DelayMO", ""}}, {{"DelayMO", 0}}, false},
+      {{{"DelayC", ""}}, {{"DelayC", 10}}, false},
       // The ends of a range are in it.
-      {{{"DelayPC", Value("1000")}}, "DelayPC", 1000, false},
-      {{{"DelayW", Value("0")}}, "DelayW", 0, false},
-      {{{"CurrMusicSetId", Value("12")}}, "CurrMusicSetId", 12, false},
+      {{{"DelayPC", "1000"}}, {{"DelayPC", 1000}}, false},
+      {{{"DelayW", "0"}}, {{"DelayW", 0}}, false},
+      {{{"CurrMusicSetId", "12"}}, {{"CurrMusicSetId", 12}}, false},
       // Out of range.
-      {{{"DelayC", Value("1001")}}, "DelayC", 10, true},
-      {{{"DelayW", Value("-1")}}, "DelayW", 10, true},
-      {{{"DelayMO", Value("40000")}}, "DelayMO", 10, true},
-      {{{"CurrTonicNoteId", Value("13")}}, "CurrTonicNoteId", 3, true},
-      {{{"NotationScript", Value("3")}}, "NotationScript", 1, true},
-      {{{"LastTip", Value("4")}}, "LastTip", kTipCount, true},
-      {{{"CurrDroneFactor", Value("9")}}, "CurrDroneFactor", 1.0, true},
-      {{{"FormH", Value("1e999")}}, "FormH", 0.9 * kScreenH, true},
+      {{{"DelayC", "1001"}}, {{"DelayC", 10}}, true},
+      {{{"DelayMO", "-1"}}, {{"DelayMO", 10}}, true},
+      {{{"CurrTonicNoteId", "13"}}, {{"CurrTonicNoteId", 3}}, true},
+      {{{"NotationScript", "3"}}, {{"NotationScript", 1}}, true},
+      {{{"LastTip", "4"}}, {{"LastTip", kTipCount}}, true},
+      {{{"CurrDroneFactor", "9"}}, {{"CurrDroneFactor", 1.0}}, true},
+      {{{"FormH", "1e999"}}, {{"FormH", 0.9 * kScreenH}}, true},
       // Seen in the field: a window off the screen, at zero size or asking
       // for a huge buffer, and a music set deleted by hand.
-      {{{"FormL", Value("3000")}}, "FormL", 0.05 * kScreenW, true},
-      {{{"FormW", Value("0")}}, "FormW", 0.9 * kScreenW, true},
-      {{{"FormW", Value("1e9")}}, "FormW", 0.9 * kScreenW, true},
-      {{{"CurrTonicNoteId", Value("7")}, {"CurrMusicSetId", Value("40")}}, "CurrMusicSetId", 7,
-       true},
+      {{{"FormL", "3000"}}, {{"FormL", 0.05 * kScreenW}}, true},
+      {{{"FormW", "0"}}, {{"FormW", 0.9 * kScreenW}}, true},
+      {{{"FormW", "1e9"}}, {{"FormW", 0.9 * kScreenW}}, true},
+      {{{"CurrTonicNoteId", "7"}, {"CurrMusicSetId", "40"}}, {{"CurrMusicSetId", 7}}, true},
       // Each in range, but together reaching past the right or bottom edge.
-      {{{"FormL", Value("1000")}, {"FormW", Value("1200")}}, "FormL", kScreenW - 1200, true},
-      {{{"FormT", Value("500")}, {"FormH", Value("700")}}, "FormT", kScreenH - 700, true},
+      {{{"FormL", "1000"}, {"FormW", "1200"}}, {{"FormL", kScreenW - 1200}}, true},
+      {{{"FormT", "500"}, {"FormH", "700"}}, {{"FormT", kScreenH - 700}}, true},
   };
   for (const Row& row : rows) {
-    for (const Parameter& p : everyParameter()) store(p.name, Value());
-    for (const auto& [name, value] : row.stored) store(name, value);
+    gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = NULL;");
+    for (const auto& [name, value] : row.stored)
+      gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = " +
+                    (value ? "'" + std::string(value) + "'" : "NULL") + " WHERE [Parameter Name] = '" + name + "';");
     fs::remove(gErrTraceFile);
     sSetDefaultOptions();
-    const std::string stored = row.stored.empty() ? "all Null" : row.stored.back().second.asText();
-    SCOPED_TRACE(std::string(row.checked) + " from " + stored);
-    EXPECT_FLOAT_EQ(parameterNamed(row.checked).get(), row.expected);
-    EXPECT_EQ(traceText().find("Usage parameter") != std::string::npos, row.traced) << traceText();
+    const std::string stored = row.stored.empty() || !row.stored.back().second ? "Null" : row.stored.back().second;
+    for (const auto& [name, expected] : row.expected)
+      EXPECT_FLOAT_EQ(parameterNamed(name).get(), expected) << name << " from " << stored;
+    EXPECT_EQ(traceText().find("Usage parameter") != std::string::npos, row.traced) << stored << ": " << traceText();
   }
 }
 

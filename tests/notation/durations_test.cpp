@@ -4,84 +4,74 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/composition_matras.h"
 
 namespace {
 
+// Sums round stepwise (fGetDurationValue) or once (fGetBeatCountForPhrase).
 TEST(Durations, SumsRoundStepwiseOrOnce) {
-  struct Row {
-    const char* phrase;
-    int stepwise;  // fGetDurationValue
-    int once;      // fGetBeatCountForPhrase
-  };
-  const Row rows[] = {
+  const std::tuple<const char*, int, int> rows[] = {
       {"1 1 0.5", 2, 2},          // 2.5 goes to the even 2 both ways
       {"0.5 0.5 0.5 0.5", 0, 2},  // stepwise each 0.5 rounds back to 0
       {"1.5 1.5", 4, 3},          // 1.5 -> 2, 3.5 -> 4; once: 3.0
       {"", 0, 0},
       {"15 15 , 15", 45, 45},     // a comma word counts 0
   };
-  for (const Row& r : rows) {
-    EXPECT_EQ(fGetDurationValue(r.phrase), r.stepwise) << r.phrase;
-    EXPECT_EQ(fGetBeatCountForPhrase(r.phrase), r.once) << r.phrase;
+  for (const auto& [phrase, stepwise, once] : rows) {
+    EXPECT_EQ(fGetDurationValue(phrase), stepwise) << phrase;
+    EXPECT_EQ(fGetBeatCountForPhrase(phrase), once) << phrase;
   }
 }
 
-TEST(Durations, MatraToDurationRoundsExactHalvesDown) {
-  EXPECT_EQ(fConvertMatraToDuration("1 0.5", 70), "70 35");
-  EXPECT_EQ(fConvertMatraToDuration("0.5", 25), "12");
-  EXPECT_EQ(fConvertMatraToDuration("0.52", 25), "13");
-  EXPECT_EQ(fConvertMatraToDuration("1.5", 25), "37");  // 37.5
-  EXPECT_EQ(fConvertMatraToDuration("0.25  2", 70), "17 140");  // 17.5 exactly
-  EXPECT_EQ(fConvertMatraToDuration("", 70), "");
+// Matras to durations round exact halves down; a duration beyond 16 bits is
+// a forgiven overflow. Duration phrases are made per section.
+TEST(Durations, MatrasToDurationsAndDurationPhrases) {
+  const std::tuple<const char*, std::int16_t, const char*> rows[] = {
+      {"1 0.5", 70, "70 35"}, {"0.5", 25, "12"}, {"0.52", 25, "13"}, {"1.5", 25, "37"},
+      {"0.25  2", 70, "17 140"},  // 17.5 exactly
+      {"", 70, ""},
+  };
+  for (const auto& [matras, base, durations] : rows) EXPECT_EQ(fConvertMatraToDuration(matras, base), durations);
   const auto forgivenBefore = gIgnorableCount;
   EXPECT_EQ(fConvertMatraToDuration("1000", 70), "0");
   EXPECT_EQ(gIgnorableCount - forgivenBefore, 1);
-}
-
-TEST(Durations, DurationPhrasePerSection) {
   gBaseMatraMs = 70;
-  EXPECT_EQ(fCreateDurationPhrase("S R , G m", 6), "15 15 , 15 15 ");
-  EXPECT_EQ(fCreateDurationPhrase("S R : G", 10), "70 70 70 ");
-  EXPECT_EQ(fCreateDurationPhrase("S :G", 3), "0 0 ");
-  EXPECT_EQ(fCreateDurationPhrase("", 6), "");
+  const std::tuple<const char*, std::int16_t, const char*> phrases[] = {
+      {"S R , G m", 6, "15 15 , 15 15 "}, {"S R : G", 10, "70 70 70 "}, {"S :G", 3, "0 0 "}, {"", 6, ""}};
+  for (const auto& [notes, kind, durations] : phrases) EXPECT_EQ(fCreateDurationPhrase(notes, kind), durations);
 }
 
-TEST(Durations, TimingScriptTrimsTheCallersPhrase) {
-  std::string phrase = "  S R G ";
-  EXPECT_EQ(fGetTimingScript(phrase), "15 15 15");
-  EXPECT_EQ(phrase, "S R G");
-  std::string blank = "   ";
-  EXPECT_EQ(fGetTimingScript(blank), "");
-  EXPECT_EQ(blank, "");
-}
-
-// The tempo factor: exactly 1.0 gives the script back untouched, any other
-// rebuilds it with halves to even; the slider's value picks the factor.
+// The timing script trims the caller's phrase. The tempo factor: exactly
+// 1.0 gives the script back untouched, any other rebuilds it with halves to
+// even; the slider's value picks the factor.
 TEST(Durations, TimingScriptAtTheTempoOfTheFactorOrTheSlider) {
-  const struct {
-    double factor;
-    const char* script;
-    const char* scaled;
-  } rows[] = {{0.5, "15 15 , 15", "8 8 , 8"}, {0.5, "25 , 5 ", "12 , 2"},
-              {1.0, "15 15 , 15 ", "15 15 , 15 "}, {0, "15 15 ", "0 0"}, {2.0, "15", "30"}};
-  for (const auto& r : rows) EXPECT_EQ(fFactorTimingScriptBy(r.script, r.factor), r.scaled);
-  const std::pair<int, const char*> sliders[] = {{1, "75"}, {2, "50"}, {9, "15"}, {13, "8"},
-                                                 {17, "5"}};
-  for (const auto& [slider, scaled] : sliders)
-    EXPECT_EQ(fFactorTimingScript("15", slider), scaled) << slider;
+  for (auto [given, trimmed, script] : {std::tuple{"  S R G ", "S R G", "15 15 15"}, {"   ", "", ""}}) {
+    std::string phrase = given;
+    EXPECT_EQ(fGetTimingScript(phrase), script);
+    EXPECT_EQ(phrase, trimmed);
+  }
+  const std::tuple<double, const char*, const char*> rows[] = {{0.5, "15 15 , 15", "8 8 , 8"},
+                                                               {0.5, "25 , 5 ", "12 , 2"},
+                                                               {1.0, "15 15 , 15 ", "15 15 , 15 "},
+                                                               {0, "15 15 ", "0 0"},
+                                                               {2.0, "15", "30"}};
+  for (const auto& [factor, script, scaled] : rows) EXPECT_EQ(fFactorTimingScriptBy(script, factor), scaled);
+  const std::pair<int, const char*> sliders[] = {{1, "75"}, {2, "50"}, {9, "15"}, {13, "8"}, {17, "5"}};
+  for (const auto& [slider, scaled] : sliders) EXPECT_EQ(fFactorTimingScript("15", slider), scaled) << slider;
   EXPECT_THROW(fFactorTimingScript("15", 19), ErrorTrap);
 }
 
 TEST(Durations, CompositionMatraCounts) {
   // Part 1: 8 matras from beat 3; part 2: 6.5 matras from beat 5.
-  const auto count = fCountCompositionMatras(CompositionPartMatras{"2 2 2 2", 3},
-                                             CompositionPartMatras{"2 2 2 0.5", 5});
-  EXPECT_EQ(count.asthaiMatras, 8);    // without its starting beat
-  EXPECT_EQ(count.antaraMatras, 10);   // 10.5 with its starting beat, to even
-  EXPECT_EQ(count.gridMatras, 10);     // integer part of 10.5
+  const auto count =
+      fCountCompositionMatras(CompositionPartMatras{"2 2 2 2", 3}, CompositionPartMatras{"2 2 2 0.5", 5});
+  EXPECT_EQ(count.asthaiMatras, 8);   // without its starting beat
+  EXPECT_EQ(count.antaraMatras, 10);  // 10.5 with its starting beat, to even
+  EXPECT_EQ(count.gridMatras, 10);    // integer part of 10.5
   const auto alone = fCountCompositionMatras(CompositionPartMatras{"4 4 4 4", 1}, std::nullopt);
   EXPECT_EQ(alone.asthaiMatras, 16);
   EXPECT_EQ(alone.antaraMatras, 0);

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/beat_marks.h"
@@ -16,18 +18,12 @@ class PhraseForms : public ::testing::Test {
  protected:
   void SetUp() override {
     sInitScales();
-    gNotationScript = 2;
-    gGraceNotes = 2;
     gCurrTonicNoteId = 3;
   }
 };
 
 TEST_F(PhraseForms, LegalPhrases) {
-  struct Row {
-    const char* phrase;
-    bool legal;
-  };
-  const Row rows[] = {
+  const std::pair<const char*, bool> rows[] = {
       {"", true},
       {"S R G m P D N S> S> N D P m G R S", true},
       {" S> N n D d P M m G g R r S", true},  // the leading blank is harmless
@@ -37,64 +33,52 @@ TEST_F(PhraseForms, LegalPhrases) {
       {"S R x", false},
       {"S'R'G", false},
   };
-  for (const Row& r : rows) EXPECT_EQ(fIsLegalNotationPhrase(r.phrase, 2), r.legal) << r.phrase;
+  for (const auto& [phrase, legal] : rows) EXPECT_EQ(fIsLegalNotationPhrase(phrase, 2), legal) << phrase;
   EXPECT_TRUE(fIsColon(":"));
   EXPECT_FALSE(fIsColon(" :"));
 }
 
-TEST_F(PhraseForms, RemoveColons) {
-  EXPECT_EQ(fRemoveColons("S R : G m"), "S R G m");
-  EXPECT_EQ(fRemoveColons("  S R  "), "S R");
-  EXPECT_EQ(fRemoveColons("S R :G m"), "S R G m");
-  EXPECT_EQ(fRemoveColons(": S  R : : G :"), "S  R G");  // inner blanks stay
-  EXPECT_EQ(fRemoveColons(":"), "");
-}
-
-TEST_F(PhraseForms, RemoveGlidesIsPositional) {
-  EXPECT_EQ(fRemoveGlides("S R'G n<'S> P"), "S G S> P");
-  EXPECT_EQ(fRemoveGlides("S , : G:"), "S , : :");
-  EXPECT_EQ(fRemoveGlides("<"), "<");
-  EXPECT_EQ(fRemoveGlides(""), "");
-}
-
-TEST_F(PhraseForms, DisplayForms) {
-  EXPECT_EQ(fPrepareNotationDisplayString(" S  R'G "), "S   R'G");
-  EXPECT_EQ(fPrepareNotationDevnagariString("S , R : G"), "saa     ro  :  ga");
-  EXPECT_EQ(fPrepareNotationDevnagariString("S'R M> x"), "saa'ro ma\\M ");
-  EXPECT_EQ(fPrepareNotationDisplayString(fPrepareNotationDevnagariString("S , R : G")),
-            "saa   ro   :   ga");
-}
-
-TEST_F(PhraseForms, NotesForScript) {
-  EXPECT_EQ(fPrepareNotesForScript("S'R G", 2, 2), "S'R G");
-  EXPECT_EQ(fPrepareNotesForScript("S'R G", 2, 1), "R G");
-  EXPECT_EQ(fPrepareNotesForScript("S'R G", 1, 1), "ro ga");
+// Each form of a phrase: colons and glides removed (glides by position),
+// the display forms, the notes for a script and grace choice.
+TEST_F(PhraseForms, FormsOfAPhrase) {
+  const std::pair<std::string, std::string> rows[] = {
+      {fRemoveColons("S R : G m"), "S R G m"},
+      {fRemoveColons("  S R  "), "S R"},
+      {fRemoveColons("S R :G m"), "S R G m"},
+      {fRemoveColons(": S  R : : G :"), "S  R G"},  // inner blanks stay
+      {fRemoveColons(":"), ""},
+      {fRemoveGlides("S R'G n<'S> P"), "S G S> P"},
+      {fRemoveGlides("S , : G:"), "S , : :"},
+      {fRemoveGlides("<"), "<"},
+      {fRemoveGlides(""), ""},
+      {fPrepareNotationDisplayString(" S  R'G "), "S   R'G"},
+      {fPrepareNotationDevnagariString("S , R : G"), "saa     ro  :  ga"},
+      {fPrepareNotationDevnagariString("S'R M> x"), "saa'ro ma\\M "},
+      {fPrepareNotationDisplayString(fPrepareNotationDevnagariString("S , R : G")), "saa   ro   :   ga"},
+      {fPrepareNotesForScript("S'R G", 2, 2), "S'R G"},
+      {fPrepareNotesForScript("S'R G", 2, 1), "R G"},
+      {fPrepareNotesForScript("S'R G", 1, 1), "ro ga"},
+      {fPrepareNotesForScript("S'R G", 1, 2), "saa'ro ga"},
+  };
+  for (const auto& [got, expected] : rows) EXPECT_EQ(got, expected);
 }
 
 TEST_F(PhraseForms, GenerationFormAppliesTheTonic) {
-  struct Row {
-    const char* phrase;
-    int tonic;
-    const char* generation;
+  const std::tuple<const char*, std::int16_t, const char*> rows[] = {
+      {"S R G", 3, "12 14 16"}, {"S<", 3, "00"},    {"S'R", 3, "1214"},
+      {"S R G", 5, "14 16 18"}, {"S'R", 5, "1416"}, {"S<", 1, "-02"},
+      {"", 3, ""},              {"x", 5, "02"},     {"N> S'R'G", 12, "44 212325"},
   };
-  const Row rows[] = {
-      {"S R G", 3, "12 14 16"}, {"S<", 3, "00"},     {"S'R", 3, "1214"},
-      {"S R G", 5, "14 16 18"}, {"S'R", 5, "1416"},  {"S<", 1, "-02"},
-      {"", 3, ""},              {"x", 5, "02"},      {"N> S'R'G", 12, "44 212325"},
-  };
-  for (const Row& r : rows)
-    EXPECT_EQ(fConvertNotePhraseToMusicGenerationFormat(r.phrase, r.tonic), r.generation)
-        << r.phrase << " at " << r.tonic;
+  for (const auto& [phrase, tonic, generation] : rows)
+    EXPECT_EQ(fConvertNotePhraseToMusicGenerationFormat(phrase, tonic), generation) << phrase << " at " << tonic;
   gCurrTonicNoteId = 2;
   EXPECT_EQ(fConvertNotePhraseToMusicGenerationFormat("S"), "11");
   EXPECT_EQ(fConvertDurPhraseToMusicGenerationFormat("2.5 25  0.33 x"), "25 250 3.3 0");
 }
 
 TEST_F(PhraseForms, IntegerNoteCodes) {
-  EXPECT_EQ(fGetNoteCode("S"), 12);
-  EXPECT_EQ(fGetNoteCode("S'R"), 1214);
-  EXPECT_EQ(fGetNoteCode("r<'S"), 112);  // the leading zero is lost
-  EXPECT_EQ(fGetNoteCode("x"), 0);
+  const std::pair<const char*, int> rows[] = {{"S", 12}, {"S'R", 1214}, {"r<'S", 112}, {"x", 0}};
+  for (const auto& [word, code] : rows) EXPECT_EQ(fGetNoteCode(word), code) << word;  // r<'S: the zero is lost
   const auto forgivenBefore = gIgnorableCount;
   EXPECT_EQ(fGetNoteCode("S'R'G"), 0);  // 121416 does not fit 16 bits
   EXPECT_EQ(gIgnorableCount - forgivenBefore, 1);
@@ -105,13 +89,10 @@ TEST_F(PhraseForms, BeatMarks) {
   for (int i = 1; i <= 34; ++i) {
     notes += "S ";
     ones += "1 ";
-    expected += "   ";
-    if (i == 1 || i == 17 || i == 33) expected += kBeatMarkEnglish;
-    expected += "S";
+    expected += std::string("   ") + (i % 16 == 1 ? kBeatMarkEnglish : "") + "S";
   }
   EXPECT_EQ(fCreateBeatMarkedString(notes, ones, 16, 1, kBeatMarkEnglish), expected);
-  EXPECT_EQ(fCreateBeatMarkedString("S R G", "1 1 1", 3, 2, kBeatMarkDevanagari),
-            "   S   R   .1.G");
+  EXPECT_EQ(fCreateBeatMarkedString("S R G", "1 1 1", 3, 2, kBeatMarkDevanagari), "   S   R   .1.G");
   // A word that jumps over beat 1 still marks the next word.
   EXPECT_EQ(fCreateBeatMarkedString("S R G", "2 2 1", 3, 1, "(1)"), "   (1)S   R   (1)G");
   EXPECT_EQ(fCreateBeatMarkedString("S R", "1", 4, 1, "(1)"), "   (1)S   R");  // missing length 0

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <tuple>
+
 #include "core/errors.h"
 #include "core/session.h"
 
@@ -11,109 +13,78 @@ namespace {
 
 class Vocabulary : public ::testing::Test {
  protected:
-  void SetUp() override {
-    sInitScales();
-    gNotationScript = 2;
-  }
+  void SetUp() override { sInitScales(); }
 };
 
 TEST_F(Vocabulary, TablesHoldThreeOctavesInOrder) {
   const char* english[] = {"S", "r", "R", "g", "G", "m", "M", "P", "d", "D", "n", "N"};
-  const char* devanagari[] = {"saa", "ro\\", "ro", "ga\\", "ga", "ma",
-                              "ma\\", "p", "Qa\\", "Qa", "ina\\", "ina"};
+  const char* devanagari[] = {"saa", "ro\\", "ro", "ga\\", "ga", "ma", "ma\\", "p", "Qa\\", "Qa", "ina\\", "ina"};
   const char* octaveEng[] = {"<", "", ">"};
   const char* octaveDev[] = {",", "", "M"};
-  for (int octave = 0; octave < 3; ++octave) {
-    for (int degree = 0; degree < 12; ++degree) {
-      const auto id = static_cast<std::size_t>(octave * 12 + degree);
-      EXPECT_EQ(gNoteEng[id], std::string(english[degree]) + octaveEng[octave]) << id;
-      EXPECT_EQ(gNoteDev[id], std::string(devanagari[degree]) + octaveDev[octave]) << id;
-      EXPECT_EQ(std::stoi(gNoteFileNo[id]), static_cast<int>(id));
-      EXPECT_EQ(gNoteFileNo[id].size(), 2u);
-    }
+  for (std::size_t id = 0; id < 36; ++id) {
+    EXPECT_EQ(gNoteEng[id], std::string(english[id % 12]) + octaveEng[id / 12]) << id;
+    EXPECT_EQ(gNoteDev[id], std::string(devanagari[id % 12]) + octaveDev[id / 12]) << id;
+    EXPECT_EQ(gNoteFileNo[id], (id < 10 ? "0" : "") + std::to_string(id));
   }
   EXPECT_EQ(gNoteEng[kMiddleSaId], "S");
   EXPECT_TRUE(gNoteEng[36].empty());
-  EXPECT_EQ(gNoteDev[1], "ro\\,");  // the backslash is one literal character
-  EXPECT_EQ(gNoteDev[1].size(), 4u);
+  EXPECT_EQ(gNoteDev[1].size(), 4u);  // "ro\,": the backslash is one literal character
 }
 
-TEST_F(Vocabulary, LookupsAreWholeAndCaseSensitive) {
-  EXPECT_TRUE(fIsEnglishNote("S"));
-  EXPECT_FALSE(fIsEnglishNote("s"));
-  EXPECT_FALSE(fIsEnglishNote("S "));
-  EXPECT_FALSE(fIsEnglishNote(""));  // the empty slot 36 is never searched
-  EXPECT_TRUE(fIsDevnagriNote("ma\\"));
+// Look-ups are whole and case-sensitive; the empty slot 36 is never searched.
+TEST_F(Vocabulary, LookupsAndStringsForNotes) {
+  EXPECT_TRUE(fIsEnglishNote("S") && fIsDevnagriNote("ma\\"));
+  for (const char* word : {"s", "S ", ""}) EXPECT_FALSE(fIsEnglishNote(word)) << word;
   EXPECT_FALSE(fIsDevnagriNote("ma\\\\"));
-  EXPECT_EQ(fGetDevnagariStringForNote("m"), "ma");
-  EXPECT_EQ(fGetDevnagariStringForNote("M"), "ma\\");
-  EXPECT_EQ(fGetDevnagariStringForNote("X"), "");
-  EXPECT_EQ(fGetFnameForNote("N>"), "35");
-  EXPECT_EQ(fGetFnameForNote("r<"), "01");
-  EXPECT_EQ(fGetFnameForNote("saa"), "");
-}
-
-TEST_F(Vocabulary, StringForNoteFollowsTheScript) {
-  EXPECT_EQ(fGetStringForNote(24, 1), "saaM");
-  EXPECT_EQ(fGetStringForNote(24, 2), "S>");
-  EXPECT_EQ(fGetStringForNote(36, 2), "");
-  EXPECT_EQ(fGetStringForNote(24, 0), "");
+  const std::pair<const char*, const char*> devanagari[] = {{"m", "ma"}, {"M", "ma\\"}, {"X", ""}};
+  for (const auto& [note, dev] : devanagari) EXPECT_EQ(fGetDevnagariStringForNote(note), dev);
+  const std::pair<const char*, const char*> files[] = {{"N>", "35"}, {"r<", "01"}, {"saa", ""}};
+  for (const auto& [note, file] : files) EXPECT_EQ(fGetFnameForNote(note), file);
+  const std::tuple<int, std::int16_t, const char*> strings[] = {
+      {24, 1, "saaM"}, {24, 2, "S>"}, {36, 2, ""}, {24, 0, ""}};
+  for (const auto& [id, script, text] : strings) EXPECT_EQ(fGetStringForNote(id, script), text);
   EXPECT_THROW(fGetStringForNote(37, 2), ErrorTrap);
   EXPECT_THROW(fGetStringForNote(-1, 2), ErrorTrap);
 }
 
 TEST_F(Vocabulary, WordTranslation) {
-  struct Row {
-    const char* in;
-    const char* dev;
+  const std::pair<const char*, const char*> rows[] = {
+      {"S'R", "saa'ro"}, {"S'X", "saa'"}, {"X'S", "'saa"}, {"S'R'G", "saa'roga"},
+      {"n<", "ina\\,"},  {"'S", "saa"},   {"", ""},        {"s", ""},
   };
-  const Row rows[] = {
-      {"S'R", "saa'ro"}, {"S'X", "saa'"},  {"X'S", "'saa"},  {"S'R'G", "saa'roga"},
-      {"n<", "ina\\,"},  {"'S", "saa"},    {"", ""},         {"s", ""},
-  };
-  for (const Row& r : rows) EXPECT_EQ(fGetDevForEng(r.in), r.dev) << r.in;
+  for (const auto& [eng, dev] : rows) EXPECT_EQ(fGetDevForEng(eng), dev) << eng;
   EXPECT_EQ(fGetEngForDev("saa'ro\\M"), "S'r>");
   EXPECT_EQ(fGetEngForDev("S"), "");
-  for (std::size_t id = 0; id < kNoteCount; ++id)
-    EXPECT_EQ(fGetEngForDev(fGetDevForEng(gNoteEng[id])), gNoteEng[id]);
+  for (std::size_t id = 0; id < kNoteCount; ++id) EXPECT_EQ(fGetEngForDev(fGetDevForEng(gNoteEng[id])), gNoteEng[id]);
+  const std::tuple<const char*, std::int16_t, const char*> texts[] = {
+      {"S R G", 2, "saa ro ga"},
+      {"saa ro\\ ina,", 1, "S r N<"},
+      {"X S", 2, "saa"},        // nothing at the start: no blank
+      {"S X R", 2, "saa  ro"},  // in the middle the blank stays
+      {"S R", 3, ""},
+  };
+  for (const auto& [text, script, converted] : texts) EXPECT_EQ(fConvertFont(text, script), converted) << text;
 }
 
 TEST_F(Vocabulary, LegalityOfOneWord) {
-  struct Row {
-    const char* word;
-    bool legal;
+  const std::tuple<const char*, std::int16_t, bool> rows[] = {
+      {"S", 2, true},      {":S", 2, true},    {"S:", 2, true},    {":S:", 2, false},   {"S'R", 2, true},
+      {"S'R'G", 2, false}, {"", 2, true},      {":", 2, true},     {"s", 2, false},     {"S'x", 2, false},
+      {"::S", 2, false},   {"S'", 2, true},    {",", 2, false},    {"saa", 2, false},   {"saa'ro\\", 1, true},
+      {":ina,", 1, true},  {"S", 1, false},
+      // No script: no piece fails, but two apostrophes still do.
+      {"anything", 0, true}, {"a'b'c", 0, false},
   };
-  const Row english[] = {
-      {"S", true},   {":S", true},    {"S:", true},  {":S:", false}, {"S'R", true},
-      {"S'R'G", false}, {"", true},   {":", true},   {"s", false},   {"S'x", false},
-      {"::S", false}, {"S'", true},   {",", false},  {"saa", false},
-  };
-  for (const Row& r : english) EXPECT_EQ(fIsLegalNote(r.word, 2), r.legal) << r.word;
-  EXPECT_TRUE(fIsLegalNote("saa'ro\\", 1));
-  EXPECT_TRUE(fIsLegalNote(":ina,", 1));
-  EXPECT_FALSE(fIsLegalNote("S", 1));
-  // No script: no piece fails, but two apostrophes still do.
-  EXPECT_TRUE(fIsLegalNote("anything", 0));
-  EXPECT_FALSE(fIsLegalNote("a'b'c", 0));
+  for (const auto& [word, script, legal] : rows) EXPECT_EQ(fIsLegalNote(word, script), legal) << word;
 }
 
 TEST_F(Vocabulary, TonicNamesAndAbsoluteNumbers) {
-  EXPECT_EQ(fGetTonicNoteName(1), "White-7 (B)");
-  EXPECT_EQ(fGetTonicNoteName(5), "Black-2 (D#)");
-  EXPECT_EQ(fGetTonicNoteName(12), "Black-5 (A#)");
-  EXPECT_EQ(fGetTonicNoteName(0), "");
-  EXPECT_EQ(fGetTonicNoteName(13), "");
+  const std::pair<int, const char*> names[] = {
+      {1, "White-7 (B)"}, {5, "Black-2 (D#)"}, {12, "Black-5 (A#)"}, {0, ""}, {13, ""}};
+  for (const auto& [tonic, name] : names) EXPECT_EQ(fGetTonicNoteName(tonic), name);
   EXPECT_EQ(fGetAbsoluteNoteNumber(kMiddleSaId, kNeutralTonicId), 12);
   EXPECT_EQ(fGetAbsoluteNoteNumber(kMiddleSaId, 2), 11);
   EXPECT_EQ(fGetAbsoluteNoteNumber(0, 1), -2);
-}
-
-TEST_F(Vocabulary, ConvertFontWordByWord) {
-  EXPECT_EQ(fConvertFont("S R G", 2), "saa ro ga");
-  EXPECT_EQ(fConvertFont("saa ro\\ ina,", 1), "S r N<");
-  EXPECT_EQ(fConvertFont("X S", 2), "saa");      // nothing at the start: no blank
-  EXPECT_EQ(fConvertFont("S X R", 2), "saa  ro");  // in the middle the blank stays
-  EXPECT_EQ(fConvertFont("S R", 3), "");
 }
 
 }  // namespace

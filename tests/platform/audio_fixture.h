@@ -57,9 +57,8 @@ inline std::vector<std::uint8_t> dataChunk(const WaveSpec& spec) {
   std::vector<std::uint8_t> out;
   putTag(out, "data");
   putU32(out, spec.frames * spec.channels * 2u);
-  const double pi = std::acos(-1.0);
   for (std::uint32_t i = 0; i < spec.frames; ++i) {
-    const double value = 16383.0 * std::sin(2 * pi * spec.toneHz * i / spec.sampleRate);
+    const double value = 16383.0 * std::sin(2 * std::acos(-1.0) * spec.toneHz * i / spec.sampleRate);
     for (unsigned c = 0; c < spec.channels; ++c) putU16(out, static_cast<std::int16_t>(value) & 0xFFFF);
   }
   return out;
@@ -67,23 +66,21 @@ inline std::vector<std::uint8_t> dataChunk(const WaveSpec& spec) {
 
 // RIFF/WAVE around the given chunks, with the RIFF size filled in.
 inline std::vector<std::uint8_t> riff(const std::vector<std::vector<std::uint8_t>>& chunks) {
-  std::vector<std::uint8_t> body;
-  for (const auto& chunk : chunks) body.insert(body.end(), chunk.begin(), chunk.end());
   std::vector<std::uint8_t> out;
   putTag(out, "RIFF");
-  putU32(out, static_cast<std::uint32_t>(body.size() + 4));
+  putU32(out, 4);
   putTag(out, "WAVE");
-  out.insert(out.end(), body.begin(), body.end());
+  for (const auto& chunk : chunks) out.insert(out.end(), chunk.begin(), chunk.end());
+  const auto size = static_cast<std::uint32_t>(out.size() - 8);
+  for (int i = 0; i < 4; ++i) out[4 + i] = static_cast<std::uint8_t>(size >> (8 * i));
   return out;
 }
 
-inline std::vector<std::uint8_t> waveBytes(const WaveSpec& spec) {
-  return riff({formatChunk(spec), dataChunk(spec)});
-}
+inline std::vector<std::uint8_t> waveBytes(const WaveSpec& spec) { return riff({formatChunk(spec), dataChunk(spec)}); }
 
 inline void writeBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
-  std::ofstream out(path, std::ios::binary | std::ios::trunc);
-  out.write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
+  std::ofstream(path, std::ios::binary | std::ios::trunc)
+      .write(reinterpret_cast<const char*>(bytes.data()), static_cast<std::streamsize>(bytes.size()));
 }
 
 // A 16-bit mono 44.1 kHz tone, as the synthesis library writes: the frames
@@ -98,10 +95,8 @@ inline void writeToneFile(const std::string& path, long lengthMs) {
 class TempDir {
  public:
   TempDir() {
-    static int made = 0;
-    path_ = std::filesystem::temp_directory_path() /
-            ("nadavik-audio-" + std::to_string(::getpid()) + "-" + std::to_string(++made));
-    std::filesystem::create_directories(path_);
+    std::string pattern = (std::filesystem::temp_directory_path() / "nadavik-audio-XXXXXX").string();
+    path_ = mkdtemp(pattern.data()) ? pattern : "";
   }
   ~TempDir() {
     std::error_code ignored;

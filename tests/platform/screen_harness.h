@@ -59,10 +59,8 @@ inline std::string setUpScreens(const std::vector<ScreenEntry>& entries) {
   app = new QApplication(argc, argv);
   platform::setWindowSystem(new platform::QtWindowSystem(NADAVIK_SCREENS_DIR));
 
-  const std::string folder = (std::filesystem::temp_directory_path() /
-                              ("nadavik-screens-" + std::to_string(::getpid())))
-                                 .string();
-  std::filesystem::create_directories(folder);
+  static std::string folder = (std::filesystem::temp_directory_path() / "nadavik-screens-XXXXXX").string();
+  if (!mkdtemp(folder.data())) return "no temporary folder";
   gDataPath = folder;
   gErrTraceFile = folder + "/errtrace.txt";
   // A copy of the built library store, which holds the screens' layout rows;
@@ -70,12 +68,10 @@ inline std::string setUpScreens(const std::vector<ScreenEntry>& entries) {
   storePath() = folder + "/mrA.nvy";
   std::filesystem::copy_file(NADAVIK_DATA_DIR "/mrA.nvy", storePath());
   openLibraryStore();
-  static std::string removeAtExit;
-  removeAtExit = folder;
   std::atexit([] {
     gDbA.reset();
     std::error_code ignored;
-    std::filesystem::remove_all(removeAtExit, ignored);
+    std::filesystem::remove_all(folder, ignored);
   });
 
   sRegisterScreen({kFormNadavik, "Nadavik", nullptr, nullptr});
@@ -98,12 +94,10 @@ inline void startAtMainWindow() {
   gCurrForm = fFormById(kFormNadavik);
   gPrevForm = nullptr;
   gFormState = 0;
-  gFormL = 0;
-  gFormT = 0;
+  gFormL = gFormT = 0;
   gFormW = 1366;
   gFormH = 768;
-  gTraceEnabled = 0;
-  gTraceOn = 0;
+  gTraceEnabled = gTraceOn = 0;
 }
 
 inline platform::Screen& screenOf(std::int16_t formId) { return *fFormById(formId); }

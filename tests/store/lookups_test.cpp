@@ -1,9 +1,15 @@
 // Look-ups by id and name, the phrase and item tests and counts, prompts,
-// list filling and the sequential raga pick, on small stores.
+// list filling, the raga list and grid orders and the sequential raga pick,
+// on small library and user stores: the product's schemas with a few rows,
+// chosen so that every order and filter of the catalogue tells its rows
+// apart.
 #include "store/lookups.h"
 
 #include <gtest/gtest.h>
 
+#include <filesystem>
+#include <fstream>
+#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -14,11 +20,49 @@
 #include "platform/store.h"
 #include "store/queries.h"
 #include "store/query_open.h"
-#include "tests/store/test_support.h"
 
 namespace {
 
+namespace fs = std::filesystem;
 using Names = std::vector<std::string>;
+
+const char* kLibraryRows = R"(
+INSERT INTO "RagaNameList" VALUES ('Yaman', 1, 1), ('Bhairav', 2, 1), ('Kafi', 3, 2),
+  ('Bhimpalasi', 4, 2), ('Todi', 5, 3), ('Marwa', 6, 3), ('Orphan', 7, 1);
+
+INSERT INTO "Raga - Technical Information" ("Raga Index", "Thata", "Jati", "Vadi", "Samvadi",
+  "VadiNum", "SamvadiNum", "Appropriate time", "DroneType") VALUES
+  (1, 'Kalyan',  'Sampurna',       'G', 'N', 17, 23, 'Evening',   1),
+  (2, 'Bhairav', 'Sampurna',       'd', 'D', 13, 20, 'Morning',   1),
+  (3, 'Kafi',    'Sampurna',       'P', 'S', 19, 12, 'Night',     2),
+  (4, 'Kafi',    'Audav-Sampurna', 'M', 'S', 10, 12, 'Afternoon', 2),
+  (5, NULL,      'Sampurna',       'd', 'g', 13, 15, 'Morning',   1),
+  (6, 'Marwa',   'Shadav',         'r', 'D', 14, 21, 'Evening',   3);
+
+INSERT INTO "Raga - Notes" VALUES (1, '0,2,4,6,7,9,11'), (2, '0,1,4,5,7,8,11'),
+  (3, '0,2,3,5,7,9,10'), (4, '0,2,3,5,7,9,10'), (5, '0,1,3,6,7,8,11'), (6, '0,1,4,6,7,9,11');
+
+INSERT INTO "Raga - ALT Phrases" VALUES (1, 1, 'N R G,G M D', '1 1 1,1 1 1'), (1, 3, 'S R G', '');
+
+INSERT INTO "Raga - Additional Information" VALUES (1, 'Kalyan', 1, 0), (1, 'Eri Aali', 2, 101),
+  (1, 'Jab Deep Jale', 3, 0), (1, 'Man Mohana', 2, 0), (3, 'Bhimpalasi', 1, 0),
+  (3, 'Kafi Bandish', 2, 102), (1, 'Bhupali', 1, 0);
+
+INSERT INTO "Tala - Technical Information" VALUES (1, 'Teentaal', 16), (2, 'Ektaal', 12),
+  (3, 'Jhaptaal', 10), (4, 'Rupak', 7);
+
+INSERT INTO "Prompts" VALUES (1, 'Choose a raga'), (3, 'Listen'), (4, 'Sing along');
+)";
+
+const char* kUserRows = R"(
+INSERT INTO "Scale Shift Specs" VALUES (13, 'Zeta', 'Harmonium', 3, 100, 98.5),
+  (14, 'Alpha', 'Harmonium', 3, 100, 101), (15, 'Mid', 'Sitar', 5, 90, 90.5);
+
+INSERT INTO "Raga - ALT Phrases" VALUES (5, 2, 'S R,R G,G M', '1 1,1 1,1 1');
+
+INSERT INTO "Raga - Additional Information" VALUES (1, 'My Song', 2, 201),
+  (5, 'Todi Tune', 2, 202), (1, 'Draft', 2, 0);
+)";
 
 long errorOf(const std::function<void()>& action) {
   try {
@@ -31,13 +75,34 @@ long errorOf(const std::function<void()>& action) {
   return 0;
 }
 
+std::string schema(const char* file) {
+  std::ifstream in(fs::path(NADAVIK_STORE_SCHEMA_DIR) / file);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+// The two stores in a temporary directory, opened as gDbA (read-only) and
+// gDbB (writable), both exclusive, and removed at the end.
 class Lookups : public ::testing::Test {
  protected:
   void SetUp() override {
+    std::string pattern = (fs::temp_directory_path() / "nvqueriesXXXXXX").string();
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    dir_ = pattern;
+    auto& workspace = platform::defaultWorkspace();
+    const std::string shared = schema("schema_shared.sql");
+    workspace.createDatabase(dir_ / "mrA.nvy", schema("schema_library.sql") + shared + kLibraryRows);
+    workspace.createDatabase(dir_ / "mrB.nvy", schema("schema_user.sql") + shared + kUserRows);
+    gDbA = workspace.openDatabase(dir_ / "mrA.nvy", true, true, "");
+    gDbB = workspace.openDatabase(dir_ / "mrB.nvy", true, false, "");
     sSetSQLStrings();
     gCurrRagaId = 1;
   }
-  TestStores stores_;
+  void TearDown() override {
+    gDbA.reset();
+    gDbB.reset();
+    fs::remove_all(dir_);
+  }
+  fs::path dir_;
 };
 
 TEST_F(Lookups, RagasAndTalasByIdAndName) {
@@ -117,10 +182,33 @@ TEST_F(Lookups, ListOfItemsByComposerListMode) {
   }
 }
 
-TEST_F(Lookups, RagaListHoldsEveryRagaWithTechnicalData) {
+// The raga list holds every raga with technical data, by name; the grid
+// every raga of groups 1 to 3 in each sort mode's order: its key (a Null
+// first), then the raga's name.
+TEST_F(Lookups, RagaListAndGridInTheSortModesOrder) {
   Names names = {"left over"};
   sLoadRagaList(names);
-  EXPECT_EQ(names, (Names{"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"}));
+  const Names byName = {"Bhairav", "Bhimpalasi", "Kafi", "Marwa", "Todi", "Yaman"};
+  EXPECT_EQ(names, byName);
+  const std::pair<int, Names> orders[] = {
+      {0, byName},
+      {1, {"Todi", "Bhairav", "Bhimpalasi", "Kafi", "Yaman", "Marwa"}},  // thata
+      {2, {"Bhimpalasi", "Bhairav", "Kafi", "Todi", "Yaman", "Marwa"}},  // jati
+      {3, {"Bhimpalasi", "Bhairav", "Todi", "Marwa", "Yaman", "Kafi"}},  // vadi by note number
+      {4, {"Bhimpalasi", "Kafi", "Todi", "Bhairav", "Marwa", "Yaman"}},  // samvadi by note number
+      {5, {"Bhimpalasi", "Marwa", "Yaman", "Bhairav", "Todi", "Kafi"}},  // time
+      {6, byName},
+      {-1, byName},
+  };
+  for (const auto& [mode, order] : orders) {
+    gSortingMode = static_cast<std::int16_t>(mode);
+    sPatchSQLStr19();
+    auto rs = gDbA->openRecordset(gSQLStr19, platform::RecordsetType::Snapshot);
+    EXPECT_EQ(rs->fieldCount(), 8);
+    names.clear();
+    for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
+    EXPECT_EQ(names, order) << "mode " << mode;
+  }
 }
 
 TEST_F(Lookups, SequentialRagaPickAndDroneType) {

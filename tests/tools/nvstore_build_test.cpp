@@ -1,17 +1,15 @@
 // End-to-end tests of the nvstore-build program: a store built from a
-// small source tree, the depfile it writes, a second schema file, a failing
-// source, and a user store that is made once and then left alone.
+// small source tree, the depfile it writes, a second schema file, failing
+// sources that leave the last good store alone, and a user store that is
+// made once and then left alone.
 #include <gtest/gtest.h>
 #include <sqlite3.h>
 #include <sys/wait.h>
-#include <unistd.h>
 
-#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <set>
 #include <sstream>
-#include <string>
 
 namespace {
 
@@ -19,10 +17,10 @@ namespace fs = std::filesystem;
 
 class NvstoreBuild : public ::testing::Test {
  protected:
-  fs::path dir = fs::temp_directory_path() / ("nvstore_build_test_" + std::to_string(::getpid()));
-
   void SetUp() override {
-    fs::remove_all(dir);
+    std::string pattern = (fs::temp_directory_path() / "nvstore-build-XXXXXX").string();
+    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
+    dir = pattern;
     fs::create_directories(dir / "content" / "ragas");
     fs::create_directories(dir / "screens");
     write("schema.sql",
@@ -31,31 +29,34 @@ class NvstoreBuild : public ::testing::Test {
           "CREATE TABLE NVForms (\"Form Name\" TEXT, \"Form Id\" INTEGER, TotalControlCount INTEGER);"
           "CREATE TABLE NVFormControls (\"Form Id\" INTEGER, \"Control Index\" INTEGER, LocRatX REAL,"
           " LocRatY REAL, SizRatWidth REAL, SizRatHeight REAL);");
+    write("shared.sql",
+          "CREATE TABLE Prompts (\"Prompt Id\" INTEGER NOT NULL, Prompt TEXT, PRIMARY KEY (\"Prompt Id\"));");
+    write("content/prompts.rec", "[Prompts]\nPrompt Id = 1\nPrompt = Listen\n");
     write("content/ragas/talas.rec", "[Tala - Technical Information]\nTala Id = 6\nTala Name = Dadra\nBeat Count = 6\n");
     write("screens/Quiz.screen", "screen Quiz id=20 caption=\"Quiz\"\nbutton cPlay caption=\"&Play\" at=0.1,0.2 size=0.1,0.05\n");
   }
   void TearDown() override { fs::remove_all(dir); }
+  fs::path dir;
 
   void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
 
   std::string read(const std::string& name) {
     std::ifstream in(dir / name);
-    std::stringstream s;
-    s << in.rdbuf();
-    return s.str();
+    return {std::istreambuf_iterator<char>(in), {}};
   }
 
-  // Runs the tool with the given extra arguments; returns its exit status.
+  // Runs the tool with the given arguments; returns its exit status.
   int run(const std::string& args) {
-    const std::string command = std::string(NVSTORE_BUILD) + " --schema " + (dir / "schema.sql").string() + " " +
-                                args + " > " + (dir / "out.txt").string() + " 2>&1";
+    const std::string command = std::string(NVSTORE_BUILD) + " " + args + " > " + (dir / "out.txt").string() + " 2>&1";
     const int status = std::system(command.c_str());
     return WIFEXITED(status) ? WEXITSTATUS(status) : -1;
   }
 
-  std::string libraryArgs() {
-    return "--out " + (dir / "mrA.nvy").string() + " --content " + (dir / "content").string() + " --screens " +
-           (dir / "screens").string() + " --depfile " + (dir / "mrA.d").string();
+  // The library store from both schemas, the content and the screens.
+  int build() {
+    return run("--schema " + (dir / "schema.sql").string() + " --schema " + (dir / "shared.sql").string() + " --out " +
+               (dir / "mrA.nvy").string() + " --content " + (dir / "content").string() + " --screens " +
+               (dir / "screens").string() + " --depfile " + (dir / "mrA.d").string());
   }
 
   std::string scalar(const char* sql) {
@@ -71,15 +72,12 @@ class NvstoreBuild : public ::testing::Test {
   }
 };
 
-TEST_F(NvstoreBuild, BuildsTheStoreFromRecordsAndScreens) {
-  ASSERT_EQ(run(libraryArgs()), 0) << read("out.txt");
+TEST_F(NvstoreBuild, BuildsTheStoreFromRecordsAndScreensAndNamesEverySourceInTheDepfile) {
+  ASSERT_EQ(build(), 0) << read("out.txt");
   EXPECT_EQ(scalar("SELECT \"Tala Name\" FROM \"Tala - Technical Information\""), "Dadra");
+  EXPECT_EQ(scalar("SELECT Prompt FROM Prompts"), "Listen");
   EXPECT_EQ(scalar("SELECT \"Form Name\" || '/' || \"Form Id\" || '/' || TotalControlCount FROM NVForms"), "Quiz/20/1");
   EXPECT_EQ(scalar("SELECT LocRatY FROM NVFormControls"), "0.2");
-}
-
-TEST_F(NvstoreBuild, DepfileNamesEverySourceAndFolder) {
-  ASSERT_EQ(run(libraryArgs()), 0) << read("out.txt");
   std::istringstream dep(read("mrA.d"));
   std::string target, word;
   dep >> target;
@@ -87,58 +85,50 @@ TEST_F(NvstoreBuild, DepfileNamesEverySourceAndFolder) {
   std::set<std::string> inputs;
   while (dep >> word)
     if (word != "\\") inputs.insert(word);
-  for (const char* part : {"schema.sql", "content/ragas/talas.rec", "screens/Quiz.screen", "content",
-                           "content/ragas", "screens"})
-    EXPECT_TRUE(inputs.count((dir / part).string())) << part;
-  EXPECT_EQ(inputs.size(), 6u);
+  std::set<std::string> expected;
+  for (const char* part : {"schema.sql", "shared.sql", "content/ragas/talas.rec", "content/prompts.rec",
+                           "screens/Quiz.screen", "content", "content/ragas", "screens"})
+    expected.insert((dir / part).string());
+  EXPECT_EQ(inputs, expected);
 }
 
-TEST_F(NvstoreBuild, AFaultyRecordFailsAndNamesFileAndLine) {
-  ASSERT_EQ(run(libraryArgs()), 0);
-  write("content/ragas/bad.rec", "[Tala - Technical Information]\nTala Id = 7\nBeat Count = twelve\n");
-  EXPECT_EQ(run(libraryArgs()), 1);
-  EXPECT_NE(read("out.txt").find("bad.rec:3: column 'Beat Count' needs a number"), std::string::npos)
-      << read("out.txt");
-  // the store of the last good build is still there and unchanged
-  EXPECT_EQ(scalar("SELECT COUNT(*) FROM \"Tala - Technical Information\""), "1");
+// A faulty record, screen or schema fails the build, names its file and
+// line, and leaves the store of the last good build as it was.
+TEST_F(NvstoreBuild, AFaultySourceFailsAndNamesFileAndLine) {
+  ASSERT_EQ(build(), 0);
+  const std::string good = read("mrA.nvy");
+  const struct {
+    const char* file;
+    const char* text;
+    std::string message;
+  } cases[] = {
+      {"content/ragas/bad.rec", "[Tala - Technical Information]\nTala Id = 7\nBeat Count = twelve\n",
+       "bad.rec:3: column 'Beat Count' needs a number"},
+      {"screens/Bad.screen", "screen Bad id=2\nwidget W\n", "Bad.screen:2:"},
+      {"shared.sql", "CREATE TABLE (", "shared.sql:"},
+  };
+  for (const auto& c : cases) {
+    const std::string before = read(c.file);
+    write(c.file, c.text);
+    EXPECT_EQ(build(), 1) << c.file;
+    EXPECT_NE(read("out.txt").find(c.message), std::string::npos) << read("out.txt");
+    EXPECT_EQ(read("mrA.nvy"), good);
+    EXPECT_FALSE(fs::exists(dir / "mrA.nvy.part"));
+    if (before.empty()) fs::remove(dir / c.file); else write(c.file, before);
+  }
+  fs::remove(dir / "schema.sql");
+  EXPECT_EQ(build(), 1);
+  EXPECT_NE(read("out.txt").find((dir / "schema.sql").string() + ":0: cannot read the schema"), std::string::npos);
 }
 
-TEST_F(NvstoreBuild, AFaultyScreenFailsTheBuild) {
-  write("screens/Bad.screen", "screen Bad id=2\nwidget W\n");
-  EXPECT_EQ(run(libraryArgs()), 1);
-  EXPECT_NE(read("out.txt").find("Bad.screen:2:"), std::string::npos) << read("out.txt");
-  EXPECT_FALSE(fs::exists(dir / "mrA.nvy"));
-}
-
-TEST_F(NvstoreBuild, KeepExistingLeavesAUserStoreAlone) {
-  const std::string args = "--out " + (dir / "mrA.nvy").string() + " --keep-existing";
+TEST_F(NvstoreBuild, KeepExistingLeavesAUserStoreAloneAndBadArgumentsShowTheUsage) {
+  const std::string args = "--schema " + (dir / "schema.sql").string() + " --out " + (dir / "mrB.nvy").string() +
+                           " --keep-existing";
   ASSERT_EQ(run(args), 0);
-  ASSERT_TRUE(fs::exists(dir / "mrA.nvy"));
-  write("mrA.nvy", "the user's own data");
+  ASSERT_TRUE(fs::exists(dir / "mrB.nvy"));
+  write("mrB.nvy", "the user's own data");
   EXPECT_EQ(run(args), 0);
-  EXPECT_EQ(read("mrA.nvy"), "the user's own data");
-}
-
-TEST_F(NvstoreBuild, ASecondSchemaAddsItsTablesAndCountsAsASource) {
-  write("shared.sql", "CREATE TABLE Prompts (\"Prompt Id\" INTEGER NOT NULL, Prompt TEXT, "
-                      "PRIMARY KEY (\"Prompt Id\"));");
-  write("content/prompts.rec", "[Prompts]\nPrompt Id = 1\nPrompt = Listen\n");
-  const std::string shared = "--schema " + (dir / "shared.sql").string() + " ";
-  ASSERT_EQ(run(shared + libraryArgs()), 0) << read("out.txt");
-  EXPECT_EQ(scalar("SELECT Prompt FROM Prompts"), "Listen");
-  EXPECT_EQ(scalar("SELECT \"Tala Name\" FROM \"Tala - Technical Information\""), "Dadra");
-  EXPECT_NE(read("mrA.d").find((dir / "shared.sql").string()), std::string::npos);
-}
-
-TEST_F(NvstoreBuild, AMissingSchemaFailsAndIsNamed) {
-  const std::string missing = (dir / "missing.sql").string();
-  EXPECT_EQ(run("--schema " + missing + " " + libraryArgs()), 1);
-  EXPECT_NE(read("out.txt").find(missing + ":0: cannot read the schema"), std::string::npos)
-      << read("out.txt");
-  EXPECT_FALSE(fs::exists(dir / "mrA.nvy"));
-}
-
-TEST_F(NvstoreBuild, BadArgumentsShowTheUsage) {
+  EXPECT_EQ(read("mrB.nvy"), "the user's own data");
   EXPECT_EQ(run("--bogus"), 2);
   EXPECT_NE(read("out.txt").find("usage:"), std::string::npos);
 }

@@ -1,6 +1,6 @@
 // A screen of plain controls for tests of the procedures that write notation
-// boxes: controls remember text, font, value and enabled state; anything
-// else a test did not expect throws platform::ProgramError.
+// boxes: controls remember text, font, value, and enabled and shown state;
+// anything else a test did not expect throws platform::ProgramError.
 #pragma once
 
 #include <map>
@@ -20,6 +20,8 @@ class FakeControl : public platform::Control {
   void setText(const std::string& text) override { text_ = text; }
   bool enabled() const override { return enabled_; }
   void setEnabled(bool on) override { enabled_ = on; }
+  bool visible() const override { return visible_; }
+  void setVisible(bool on) override { visible_ = on; }
   std::string fontName() const override { return fontName_; }
   void setFontName(const std::string& family) override { fontName_ = family; }
   float fontSize() const override { return fontSize_; }
@@ -32,8 +34,6 @@ class FakeControl : public platform::Control {
   // Everything else is unexpected here.
   std::string caption() const override { return fail<std::string>(); }
   void setCaption(const std::string&) override { fail<void>(); }
-  bool visible() const override { return fail<bool>(); }
-  void setVisible(bool) override { fail<void>(); }
   bool locked() const override { return fail<bool>(); }
   void setLocked(bool) override { fail<void>(); }
   float left() const override { return fail<float>(); }
@@ -100,6 +100,7 @@ class FakeControl : public platform::Control {
   bool bold_ = false;
   int value_ = 0;
   bool enabled_ = true;
+  bool visible_ = false;
 };
 
 class FakeScreen : public platform::Screen {
