@@ -205,7 +205,8 @@ TEST_F(WorkingRecord, MissingRagaIsToldAndLeavesAnEmptyUsableRecord) {
 }
 
 TEST_F(WorkingRecord, NewDroneTypeRebuildsTheSeeds) {
-  for (std::int16_t ragaId : {15, 20, kYaman}) {  // drone types 2, 2 (nothing to rebuild), 1
+  // Drone types 2, 2 (nothing to rebuild), 1.
+  for (const std::int16_t ragaId : std::initializer_list<std::int16_t>{15, 20, kYaman}) {
     gCurrRagaId = ragaId;
     sSetupRagaAndSound();
     EXPECT_EQ(gCurrDroneType, ragaId == kYaman ? 1 : 2);
