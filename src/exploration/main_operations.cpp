@@ -23,6 +23,7 @@
 #include "platform/screen.h"
 #include "player/player.h"
 #include "sound/composition_files.h"
+#include "sound/composition_prep.h"
 #include "sound/drone.h"
 #include "sound/music_buffers.h"
 #include "sound/music_set.h"
@@ -35,6 +36,7 @@
 #include "sound/play_stop.h"
 #include "sound/playback.h"
 #include "store/positioning.h"
+#include "store/working_record_comp.h"
 
 namespace {
 
@@ -143,9 +145,10 @@ void sPlayComparison() {
   sSelectDemo();
   gCurrItemType = 7;
   gCompPart = 1;
-  gComparedRagaName = gCurrCompName;
-  ctl("cInfo").setText("Playing comparison of Ragas " + gCurrRagaName + " and " +
-                       gComparedRagaName + ". Currently playing " + gCurrRagaName);
+  // The names come from the parts that hold the phrases (see
+  // fComparisonCaption), not from the list entry and the current raga.
+  gComparedRagaName = gCompInfo[1].Mukhada;
+  ctl("cInfo").setText(fComparisonCaption(0));
   if (!fBuildPieces()) return;
   gPlaySet.Count = 2;
   gPlaySet.LastPhrase = 2;
