@@ -16,6 +16,7 @@
 #include "exploration/illustration_setup.h"
 #include "exploration/item_identity.h"
 #include "exploration/mo_controls.h"
+#include "exploration/practice_notation.h"
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
@@ -42,9 +43,6 @@ namespace {
 
 constexpr std::int16_t kCompositionKind = 8;
 constexpr std::int16_t kFilmSongKind = 9;
-// The most note words a notation box may hold: a phrase's word lists have
-// room for 501 entries.
-constexpr std::size_t kMostNotationWords = 500;
 
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
@@ -311,31 +309,23 @@ std::size_t fWordCount(const std::string& text) {
   return words;
 }
 
-// Whether the box can be played: legal notes, not too many of them, and
-// every colon-separated segment holding at least one note.
-bool fIsPlayableNotation(const std::string& text) {
-  if (fWordCount(text) > kMostNotationWords || !fIsLegalNotationPhrase(text, gNotationScript)) return false;
-  std::string segment;
-  for (char c : text + ":") {
-    if (c != ':') {
-      segment += c;
-      continue;
-    }
-    if (fWordCount(segment) == 0) return false;
-    segment.clear();
-  }
-  return true;
-}
-
 // Event 21: Play or Start Looping.
+// English note words typed while Devanagari is shown are played, and the
+// box shows them converted; a box that cannot be played names its first
+// wrong word and why after the screen's sentence. (Every refused box used
+// to get the same sentence alone, and English words were refused under
+// Devanagari, which a learner with a Latin keyboard cannot type.)
 void sPlayNotation() {
-  gCurrNotation = ctl("cCurrentItem").text();
+  platform::Control& box = ctl("cCurrentItem");
+  gCurrNotation = fNotationInScript(box.text(), gNotationScript);
+  if (gCurrNotation != box.text()) box.setText(gCurrNotation);
   if (fWordCount(gCurrNotation) == 0) {  // nothing but blanks counts as empty
     sShowMessage("Please select an item to play");
     return;
   }
-  if (!fIsPlayableNotation(gCurrNotation)) {
-    sShowMessage("One or more changes you made are not allowable. Please check and correct errors.");
+  const NotationFault fault = fFirstNotationFault(gCurrNotation, gNotationScript);
+  if (fault.wordNumber != 0) {
+    sShowMessage(fNotationFaultMessage(fault, gNotationScript));
     return;
   }
   if (gCurrMode == 3) {

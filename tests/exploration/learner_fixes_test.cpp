@@ -169,6 +169,60 @@ TEST_F(LearnerFixes, EveryComparisonNamesTheRagaWhosePhraseSounds) {
   EXPECT_EQ(messageTexts(), std::vector<std::string>{});
 }
 
+// A refused box names its first wrong word and why, after the screen's
+// sentence.
+TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
+  click("cMnuEng");
+  click("Option3");
+  clickItem("Pakad");
+  std::string manyNotes;
+  for (int i = 0; i < 200; ++i) manyNotes += "S R G ";
+  const struct {
+    std::string notation;
+    std::string why;
+  } cases[] = {
+      {"S R x G", "word 3, \"x\": unknown note."},
+      {"S R , G", "word 3, \",\": unknown note."},
+      {"S R'G'M", "word 2, \"R'G'M\": unknown note."},
+      {": S R", "word 1, \":\": empty segment."},
+      {"S : : R", "word 3, \":\": empty segment."},
+      {"S R:", "word 2, \"R:\": empty segment."},
+      {manyNotes, "word 501, \"G\": too many notes (at most 500)."},
+      {std::string(30, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.notation.substr(0, 20));
+    ctl("cCurrentItem").setText(c.notation);
+    click("cPlay");
+    ASSERT_FALSE(program.messages().empty());
+    EXPECT_EQ(program.messages().back().text, kNotAllowed + "\nThe first wrong word is " + c.why);
+    EXPECT_TRUE(ctl("cPlay").enabled());
+  }
+}
+
+// Under Devanagari the English note words play, and the box shows them in
+// Devanagari; a wrong word is named as the learner sees it.
+TEST_F(LearnerFixes, DevanagariTakesEnglishNoteWordsAndShowsThemConverted) {
+  if (gNotationScript != 1) GTEST_SKIP() << "the notation font is not available";
+  click("Option3");
+  clickItem("Pakad");
+  ctl("cCurrentItem").setText("S R G'M : saa P>");
+  click("cPlay");
+  ASSERT_EQ(messageTexts(), std::vector<std::string>{});
+  ASSERT_EQ(gPlaySet.Count, 2);
+  EXPECT_EQ(gPlaySet.NotePhrases[0], "S R G'M");
+  EXPECT_EQ(gPlaySet.NotePhrases[1], "S P>");
+  runOut();
+  EXPECT_EQ(ctl("cCurrentItem").text(), "saa ro ga'ma\\ : saa pM");
+
+  ctl("cCurrentItem").setText("S R'G'M");
+  click("cPlay");
+  ASSERT_FALSE(program.messages().empty());
+  const std::string shown = program.messages().back().text;
+  EXPECT_EQ(shown.find("\"ro'ga'ma\\\""), std::string::npos) << shown;
+  EXPECT_NE(shown.find("\xE0\xA4\xB0\xE0\xA5\x87'"), std::string::npos) << shown;  // "रे'"
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
