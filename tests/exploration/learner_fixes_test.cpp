@@ -223,6 +223,16 @@ TEST_F(LearnerFixes, DevanagariTakesEnglishNoteWordsAndShowsThemConverted) {
   EXPECT_NE(shown.find("\xE0\xA4\xB0\xE0\xA5\x87'"), std::string::npos) << shown;  // "रे'"
 }
 
+// Ten Softer steps from 1.0 end at the floor 0.5, twenty Louder at 1.5.
+TEST_F(LearnerFixes, SofterAndLouderStopAtTheDronesLimits) {
+  gCurrDroneFactor = 1.0;
+  for (int i = 0; i < 10; ++i) click("cMnuDroSof");
+  EXPECT_EQ(gCurrDroneFactor, 0.5);
+  for (int i = 0; i < 20; ++i) click("cMnuDroLou");
+  EXPECT_EQ(gCurrDroneFactor, 1.5);
+  EXPECT_EQ(messageTexts(), std::vector<std::string>{});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
