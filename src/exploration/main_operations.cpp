@@ -243,12 +243,45 @@ void sTonicChosen() {
   sPointer(platform::kPointerDefault);
 }
 
-// Event 15: the notation script or the grace notes changed.
+// Event 15: the notation script changed.
 void sNotationChanged() {
   sUpdateF28NotationItemFonts();
   sAdjustNotation();
   if (ctl("cCurrentItem").visible()) sClearNotationBox();
   if (gKeyboardDisplay == 1) sKeyBoardDisplayOn(form(), 1);
+}
+
+// Whether the box holds the phrase as it was shown, with or without its
+// grace notes, in the script in force.
+bool fBoxShowsPhrase(const std::string& boxText, const std::string& phrase) {
+  for (std::int16_t grace : {1, 2}) {
+    const std::string shown = fPrepareNotesForScript(phrase, gNotationScript, grace);
+    if (boxText == fPrepareNotationDisplayString(shown)) return true;
+  }
+  return false;
+}
+
+// Event 22: the grace notes changed. The phrase of Learning or Practice is
+// taken from the working record again with the new choice and shown in the
+// box; a box the learner has edited in Practice keeps his text, and in Demo
+// the box keeps the notes played so far. (The grace-note entries used to
+// raise event 15 with the script entries, which empties the box: a learner
+// who turned grace notes off to hear a phrase plainly lost the phrase.)
+void sGraceNotesChanged() {
+  sUpdateF28NotationItemFonts();
+  sAdjustNotation();
+  if (gKeyboardDisplay == 1) sKeyBoardDisplayOn(form(), 1);
+  platform::Control& box = ctl("cCurrentItem");
+  const std::int16_t position = gPhraseSet.Position;
+  const bool study = gCurrMode != 1 && gCurrItemType >= 1 && gCurrItemType <= 5;
+  if (!box.visible() || !study || position < 1 || position > gPhraseSet.Count) return;
+  const auto entry = static_cast<std::size_t>(position - 1);
+  const bool edited = !fBoxShowsPhrase(box.text(), gPhraseSet.NotePhrases[entry]);
+  sLoadMNFromT(gCurrMode == 3 ? kSegmentedText : kUnsegmentedText);
+  gPhraseSet.Position = position;
+  gLastLearnNotation.clear();  // Learning builds the phrase again at the next Play
+  if (gCurrMode == 3 && edited) return;
+  sLoadNotation(box, gPhraseSet.NotePhrases[entry]);
 }
 
 // Event 19 in Learning and Practice.
@@ -389,6 +422,7 @@ void sMainOperations(std::int16_t event) {
     case 19: sRunEnded(); break;
     case 20: sTerminateMainOperations(); break;
     case 21: sPlayNotation(); break;
-    default: break;  // event 4 and numbers above 21 do nothing
+    case 22: sGraceNotesChanged(); break;
+    default: break;  // event 4 and numbers above 22 do nothing
   }
 }

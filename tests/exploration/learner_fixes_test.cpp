@@ -233,6 +233,35 @@ TEST_F(LearnerFixes, SofterAndLouderStopAtTheDronesLimits) {
   EXPECT_EQ(messageTexts(), std::vector<std::string>{});
 }
 
+// Learning: the box shows the phrase with or without its grace note as
+// chosen, and plays it so; Practice: the learner's own text stays.
+TEST_F(LearnerFixes, GraceNotesKeepThePhraseInTheBox) {
+  click("cMnuEng");
+  click("cMnuUseGraNot");
+  click("Option2");
+  clickItem("Alap");
+  click("Option5");  // the fifth phrase ends on the grace pair N<'R
+  const std::string withGrace = ctl("cCurrentItem").text();
+  ASSERT_NE(withGrace.find("N<'R   S"), std::string::npos) << withGrace;
+
+  click("cMnuNoGraNot");
+  const std::string plain = ctl("cCurrentItem").text();
+  EXPECT_EQ(plain, withGrace.substr(0, withGrace.find("N<'R")) + "R   S");
+  click("cPlay");
+  ASSERT_EQ(gPlaySet.NotePhrases.size(), 5u);
+  EXPECT_EQ(gPlaySet.NotePhrases[4].find('\''), std::string::npos) << gPlaySet.NotePhrases[4];
+  runOut();
+  click("cMnuUseGraNot");
+  EXPECT_EQ(ctl("cCurrentItem").text(), withGrace);
+
+  click("Option3");
+  clickItem("Pakad");
+  ctl("cCurrentItem").setText("S R G : P");
+  click("cMnuNoGraNot");
+  EXPECT_EQ(ctl("cCurrentItem").text(), "S R G : P");
+  EXPECT_EQ(messageTexts(), std::vector<std::string>{});
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
