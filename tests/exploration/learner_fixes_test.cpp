@@ -262,6 +262,22 @@ TEST_F(LearnerFixes, GraceNotesKeepThePhraseInTheBox) {
   EXPECT_EQ(messageTexts(), std::vector<std::string>{});
 }
 
+// The Toggle action of the accessibility interface sets a mode button's
+// checked state without a click.
+TEST_F(LearnerFixes, AModeButtonToggledThroughAccessibilityChangesTheMode) {
+  for (const auto& [button, mode] : {std::pair{"Option3", 3}, std::pair{"Option2", 2}}) {
+    SCOPED_TRACE(button);
+    QWidget* widget = static_cast<platform::QtControl&>(ctl(button)).widget();
+    QAccessibleInterface* accessible = QAccessible::queryAccessibleInterface(widget);
+    ASSERT_NE(accessible, nullptr);
+    ASSERT_NE(accessible->actionInterface(), nullptr);
+    accessible->actionInterface()->doAction(QAccessibleActionInterface::toggleAction());
+    EXPECT_EQ(ctl(button).value(), -1);
+    EXPECT_EQ(gCurrMode, mode);
+  }
+  EXPECT_EQ(ctl("Option1").value(), 0);
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
