@@ -278,6 +278,21 @@ TEST_F(LearnerFixes, AModeButtonToggledThroughAccessibilityChangesTheMode) {
   EXPECT_EQ(ctl("Option1").value(), 0);
 }
 
+// Raga Info: every field of the technical data of the raga.
+TEST_F(LearnerFixes, RagaInfoShowsEveryFieldOfTheTechnicalData) {
+  click("cMnuRagInf");
+  const std::string info = ctl("cNotes").text();
+  for (const char* shown :
+       {"Thata = Kalyan", "Jati = Sampoorna - Sampoorna",
+        "Time = First quarter of the night (6 pm - 9 pm)", "Vadi = G", "Samvadi = N", "Drone = Pa",
+        "Tuning set = 1", "Aroha = N< R G M D N S> (durations in 1/100 s: 40 40 40 40 40 40 80)",
+        "Avroha = S> N D P M G R S (durations in 1/100 s: 40 40 40 40 40 40 40 80)",
+        "Pakad = N< R G R : N< R S : P M G R : S (durations in 1/100 s: 50 50 50 90 50 50 90 50 "
+        "50 50 90 140)",
+        "S and P are passed over in the ascent"})
+    EXPECT_NE(info.find(shown), std::string::npos) << shown << "\n" << info;
+}
+
 }  // namespace
 
 int main(int argc, char** argv) {
