@@ -12,9 +12,9 @@ class Screen;
 // the user's item list; 3 mode change; 5 scale or pakad; 6 alap, layakari or
 // taan; 7 composition or film song; 8 similar-raga comparison; 9 Stop;
 // 10 Stop Current; 11 Next/Prev or a part's replay; 12 user-defined scale;
-// 13 keyboard on or off; 14 tonic; 15 script or grace notes; 16 drone
-// volume; 17 raga info; 18 status step of the device; 19 end of a run;
-// 20 leave; 21 Play or Start Looping. Others do nothing.
+// 13 keyboard on or off; 14 tonic; 15 script; 16 drone volume; 17 raga
+// info; 18 status step of the device; 19 end of a run; 20 leave; 21 Play
+// or Start Looping; 22 grace notes. Others do nothing.
 void sMainOperations(std::int16_t event);
 void sInitMainOperations();
 void sTerminateMainOperations();

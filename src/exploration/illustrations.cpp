@@ -34,6 +34,18 @@ constexpr int kSimilarType = 1;
 constexpr int kCompositionType = 2;
 constexpr int kFilmType = 3;
 
+// The drone's note by the raga's drone type: 1 Pa, 2 Ma, 3 Ni; another
+// value as it stands.
+std::string fDroneName(const platform::Value& droneType) {
+  if (droneType.isNull()) return "";
+  switch (droneType.asInteger()) {
+    case 1: return "Pa";
+    case 2: return "Ma";
+    case 3: return "Ni";
+    default: return droneType.asText();
+  }
+}
+
 std::unique_ptr<platform::Recordset> openIllustrations() {
   return gDbA->openRecordset("IllustrationsList", RecordsetType::Table);
 }
@@ -122,6 +134,13 @@ std::int16_t fLoadScalesList() {
   return kTrue;
 }
 
+// Every field of the raga's technical data, a line for each group: the
+// first line as it always was, then the vadi, samvadi, drone and tuning
+// set, the aroha, avroha and pakad each with its durations, and the notes
+// on how the raga is sung. VadiNum, SamvadiNum and TimeNum are the vadi,
+// samvadi and time again as numbers the grid sorts by, and show as those.
+// (The text used to hold the first line and the notes alone, so "Raga
+// Info" showed two lines and left out the rest of the data.)
 void sLoadRagaNotes() {
   NV_PROC("sLoadRagaNotes");
   auto table = gDbA->openRecordset("Raga - Technical Information", RecordsetType::Table);
@@ -130,9 +149,18 @@ void sLoadRagaNotes() {
     gRagaNotesText.clear();
     return;
   }
-  std::string thata = table->field("Thata").asText();
+  auto text = [&table](const char* field) { return table->field(field).asText(); };
+  std::string thata = text("Thata");
   if (thata.empty()) thata = "(Undefined)";
-  gRagaNotesText = "Thata = " + thata + "; Jati = " + table->field("Jati").asText() +
-                   "; Time = " + table->field("Appropriate time").asText() + gCrLf +
-                   table->field("Notes").asText();
+  auto phrase = [&text](const char* name, const char* notes, const char* durations) {
+    return std::string(name) + " = " + text(notes) + " (durations in 1/100 s: " + text(durations) +
+           ")" + gCrLf;
+  };
+  gRagaNotesText = "Thata = " + thata + "; Jati = " + text("Jati") + "; Time = " +
+                   text("Appropriate time") + gCrLf +
+                   "Vadi = " + text("Vadi") + "; Samvadi = " + text("Samvadi") + "; Drone = " +
+                   fDroneName(table->field("DroneType")) + "; Tuning set = " + text("OPRSetId") +
+                   gCrLf + phrase("Aroha", "AarohaAlt", "AaDuration") +
+                   phrase("Avroha", "AvrohaAlt", "AvDuration") +
+                   phrase("Pakad", "Pakad", "PakadDuration") + text("Notes");
 }

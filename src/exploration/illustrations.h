@@ -17,5 +17,7 @@ std::int16_t fLoadUserIllustrationsList();
 // cScaleList: the names of the user-defined scales. -1 when there are any;
 // else 0 with the list left as it stands.
 std::int16_t fLoadScalesList();
-// gRagaNotesText: "Thata = ...; Jati = ...; Time = ..." and the notes.
+// gRagaNotesText: every field of the raga's technical data, beginning
+// "Thata = ...; Jati = ...; Time = ..." and ending with the notes; "" for a
+// raga the library lacks.
 void sLoadRagaNotes();

@@ -16,6 +16,7 @@
 #include "exploration/illustration_setup.h"
 #include "exploration/item_identity.h"
 #include "exploration/mo_controls.h"
+#include "exploration/practice_notation.h"
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
 #include "keyboard/reed_labels.h"
@@ -23,6 +24,7 @@
 #include "platform/screen.h"
 #include "player/player.h"
 #include "sound/composition_files.h"
+#include "sound/composition_prep.h"
 #include "sound/drone.h"
 #include "sound/music_buffers.h"
 #include "sound/music_set.h"
@@ -35,14 +37,12 @@
 #include "sound/play_stop.h"
 #include "sound/playback.h"
 #include "store/positioning.h"
+#include "store/working_record_comp.h"
 
 namespace {
 
 constexpr std::int16_t kCompositionKind = 8;
 constexpr std::int16_t kFilmSongKind = 9;
-// The most note words a notation box may hold: a phrase's word lists have
-// room for 501 entries.
-constexpr std::size_t kMostNotationWords = 500;
 
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
@@ -143,9 +143,10 @@ void sPlayComparison() {
   sSelectDemo();
   gCurrItemType = 7;
   gCompPart = 1;
-  gComparedRagaName = gCurrCompName;
-  ctl("cInfo").setText("Playing comparison of Ragas " + gCurrRagaName + " and " +
-                       gComparedRagaName + ". Currently playing " + gCurrRagaName);
+  // The names come from the parts that hold the phrases (see
+  // fComparisonCaption), not from the list entry and the current raga.
+  gComparedRagaName = gCompInfo[1].Mukhada;
+  ctl("cInfo").setText(fComparisonCaption(0));
   if (!fBuildPieces()) return;
   gPlaySet.Count = 2;
   gPlaySet.LastPhrase = 2;
@@ -242,12 +243,45 @@ void sTonicChosen() {
   sPointer(platform::kPointerDefault);
 }
 
-// Event 15: the notation script or the grace notes changed.
+// Event 15: the notation script changed.
 void sNotationChanged() {
   sUpdateF28NotationItemFonts();
   sAdjustNotation();
   if (ctl("cCurrentItem").visible()) sClearNotationBox();
   if (gKeyboardDisplay == 1) sKeyBoardDisplayOn(form(), 1);
+}
+
+// Whether the box holds the phrase as it was shown, with or without its
+// grace notes, in the script in force.
+bool fBoxShowsPhrase(const std::string& boxText, const std::string& phrase) {
+  for (std::int16_t grace : {1, 2}) {
+    const std::string shown = fPrepareNotesForScript(phrase, gNotationScript, grace);
+    if (boxText == fPrepareNotationDisplayString(shown)) return true;
+  }
+  return false;
+}
+
+// Event 22: the grace notes changed. The phrase of Learning or Practice is
+// taken from the working record again with the new choice and shown in the
+// box; a box the learner has edited in Practice keeps his text, and in Demo
+// the box keeps the notes played so far. (The grace-note entries used to
+// raise event 15 with the script entries, which empties the box: a learner
+// who turned grace notes off to hear a phrase plainly lost the phrase.)
+void sGraceNotesChanged() {
+  sUpdateF28NotationItemFonts();
+  sAdjustNotation();
+  if (gKeyboardDisplay == 1) sKeyBoardDisplayOn(form(), 1);
+  platform::Control& box = ctl("cCurrentItem");
+  const std::int16_t position = gPhraseSet.Position;
+  const bool study = gCurrMode != 1 && gCurrItemType >= 1 && gCurrItemType <= 5;
+  if (!box.visible() || !study || position < 1 || position > gPhraseSet.Count) return;
+  const auto entry = static_cast<std::size_t>(position - 1);
+  const bool edited = !fBoxShowsPhrase(box.text(), gPhraseSet.NotePhrases[entry]);
+  sLoadMNFromT(gCurrMode == 3 ? kSegmentedText : kUnsegmentedText);
+  gPhraseSet.Position = position;
+  gLastLearnNotation.clear();  // Learning builds the phrase again at the next Play
+  if (gCurrMode == 3 && edited) return;
+  sLoadNotation(box, gPhraseSet.NotePhrases[entry]);
 }
 
 // Event 19 in Learning and Practice.
@@ -308,31 +342,23 @@ std::size_t fWordCount(const std::string& text) {
   return words;
 }
 
-// Whether the box can be played: legal notes, not too many of them, and
-// every colon-separated segment holding at least one note.
-bool fIsPlayableNotation(const std::string& text) {
-  if (fWordCount(text) > kMostNotationWords || !fIsLegalNotationPhrase(text, gNotationScript)) return false;
-  std::string segment;
-  for (char c : text + ":") {
-    if (c != ':') {
-      segment += c;
-      continue;
-    }
-    if (fWordCount(segment) == 0) return false;
-    segment.clear();
-  }
-  return true;
-}
-
 // Event 21: Play or Start Looping.
+// English note words typed while Devanagari is shown are played, and the
+// box shows them converted; a box that cannot be played names its first
+// wrong word and why after the screen's sentence. (Every refused box used
+// to get the same sentence alone, and English words were refused under
+// Devanagari, which a learner with a Latin keyboard cannot type.)
 void sPlayNotation() {
-  gCurrNotation = ctl("cCurrentItem").text();
+  platform::Control& box = ctl("cCurrentItem");
+  gCurrNotation = fNotationInScript(box.text(), gNotationScript);
+  if (gCurrNotation != box.text()) box.setText(gCurrNotation);
   if (fWordCount(gCurrNotation) == 0) {  // nothing but blanks counts as empty
     sShowMessage("Please select an item to play");
     return;
   }
-  if (!fIsPlayableNotation(gCurrNotation)) {
-    sShowMessage("One or more changes you made are not allowable. Please check and correct errors.");
+  const NotationFault fault = fFirstNotationFault(gCurrNotation, gNotationScript);
+  if (fault.wordNumber != 0) {
+    sShowMessage(fNotationFaultMessage(fault, gNotationScript));
     return;
   }
   if (gCurrMode == 3) {
@@ -396,6 +422,7 @@ void sMainOperations(std::int16_t event) {
     case 19: sRunEnded(); break;
     case 20: sTerminateMainOperations(); break;
     case 21: sPlayNotation(); break;
-    default: break;  // event 4 and numbers above 21 do nothing
+    case 22: sGraceNotesChanged(); break;
+    default: break;  // event 4 and numbers above 22 do nothing
   }
 }

@@ -101,8 +101,8 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuDonShoKey", [] { gKeyboardDisplay = 2; sMnuKeyboardDisplayCheck(); raise(13); });
   onClick(s, "cMnuDev", [] { gNotationScript = 1; sMnuNotationScriptCheck(); raise(15); });
   onClick(s, "cMnuEng", [] { gNotationScript = 2; sMnuNotationScriptCheck(); raise(15); });
-  onClick(s, "cMnuUseGraNot", [] { gGraceNotes = 2; sMnuGraceNotesCheck(); raise(15); });
-  onClick(s, "cMnuNoGraNot", [] { gGraceNotes = 1; sMnuGraceNotesCheck(); raise(15); });
+  onClick(s, "cMnuUseGraNot", [] { gGraceNotes = 2; sMnuGraceNotesCheck(); raise(22); });
+  onClick(s, "cMnuNoGraNot", [] { gGraceNotes = 1; sMnuGraceNotesCheck(); raise(22); });
   onClick(s, "cMnuDroLou", [] { gDroneStep = 1; raise(16); });
   onClick(s, "cMnuDroSof", [] { gDroneStep = -1; raise(16); });
   onClick(s, "cMnuRagInf", [] { raise(17); });

@@ -13,6 +13,7 @@
 #include "sound/music_buffers.h"
 #include "sound/play_buttons.h"
 #include "sound/playback.h"
+#include "store/working_record_comp.h"
 
 namespace {
 
@@ -48,7 +49,9 @@ void sDisplayDemoControls() {
   ctl("cStopCur").setEnabled(fIsPhraseGroup() || gCurrItemType == 7 ||
                              (gCurrItemType == 6 && !film));
   if (gCurrItemType == 6 && gCurrPhraseKind == 8) sOfferParts("Asthai", "Antara");
-  if (gCurrItemType == 7) sOfferParts(gCurrRagaName, gComparedRagaName);
+  // A comparison's buttons replay part 1 and part 2: each is named by the
+  // raga whose phrase that part holds.
+  if (gCurrItemType == 7) sOfferParts(gCompInfo[0].Mukhada, gCompInfo[1].Mukhada);
 }
 
 void sDisplayStudyControls() {

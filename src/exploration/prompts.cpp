@@ -42,11 +42,11 @@ std::string fDemoInfo(platform::Screen& form) {
     case 6:
       if (gCurrPhraseKind == kFilmSongKind) return "Playing Film Song : " + gCurrCompName;
       break;
-    case 7: {
-      const std::string current = gCurrBuffer != 0 ? gComparedRagaName : gCurrRagaName;
-      return "Playing comparison of Ragas " + gCurrRagaName + " and " + gComparedRagaName +
-             ". Currently playing " + current;
-    }
+    case 7:
+      // The caption built with the buffer names the raga whose phrase the
+      // buffer holds. (It used to name the current raga for buffer 0 and
+      // the other raga for buffer 1, whichever phrase each held.)
+      break;
     default:
       return form.control("cInfo").text();
   }

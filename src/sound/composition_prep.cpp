@@ -1,6 +1,7 @@
 // Preparing the composition at hand (see composition_prep.h).
 #include "sound/composition_prep.h"
 
+#include <cassert>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -24,10 +25,8 @@ constexpr std::int16_t kCompositionKind = 8;
 constexpr std::int16_t kSyllables = 1;
 
 void sCaptionComparison() {
-  const std::string start = "Playing comparison of Ragas " + gCompInfo[0].Mukhada + " and " +
-                            gCompInfo[1].Mukhada + ". Currently playing ";
-  gMusicBuffers[0].Caption = start + gCompInfo[0].Mukhada;
-  gMusicBuffers[1].Caption = start + gCompInfo[1].Mukhada;
+  gMusicBuffers[0].Caption = fComparisonCaption(0);
+  gMusicBuffers[1].Caption = fComparisonCaption(1);
 }
 
 // Caption, starting beat, theka and beat count of part `part` (1 Asthai,
@@ -55,6 +54,12 @@ void sPrepareComposition() {
 }
 
 }  // namespace
+
+std::string fComparisonCaption(std::size_t part) {
+  assert(part < 2);
+  return "Playing comparison of Ragas " + gCompInfo[0].Mukhada + " and " + gCompInfo[1].Mukhada +
+         ". Currently playing " + gCompInfo[part].Mukhada;
+}
 
 void sPreprocCompDataFromT() {
   NV_PROC("sPreprocCompDataFromT");

@@ -2,6 +2,8 @@
 // state of its own; see drone.h for the session variables it uses.
 #include "sound/drone.h"
 
+#include <cmath>
+
 #include "core/errors.h"
 #include "core/session.h"
 #include "sound/sound_state.h"
@@ -11,9 +13,11 @@
 
 namespace {
 
-constexpr double kDroneFactorMax = 1.5;
-constexpr double kDroneFactorMin = 0.5;
-constexpr double kDroneFactorStep = 0.1;
+// The drone's loudness counted in whole tenths of its factor: 5 (0.5) to
+// 15 (1.5), one tenth a step.
+constexpr long kDroneTenthsMax = 15;
+constexpr long kDroneTenthsMin = 5;
+constexpr double kTenth = 10.0;
 
 }  // namespace
 
@@ -37,9 +41,13 @@ void sAdjustDroneType(std::int32_t droneType) {
   fStepFailed(fBuildDroneData(), "Error in loading drone data");
 }
 
+// The limits are compared in whole tenths, not on the running binary sum:
+// five steps of 0.1 down from 1.0 leave 0.50000000000000011, which is still
+// above 0.5, so a sixth Softer took the drone to 0.4, below its floor.
 double fSteppedDroneFactor(double factor, std::int16_t step) {
-  if (step == 1 && factor < kDroneFactorMax) return factor + kDroneFactorStep;
-  if (step == -1 && factor > kDroneFactorMin) return factor - kDroneFactorStep;
+  const long tenths = std::lround(factor * kTenth);
+  if (step == 1 && tenths < kDroneTenthsMax) return static_cast<double>(tenths + 1) / kTenth;
+  if (step == -1 && tenths > kDroneTenthsMin) return static_cast<double>(tenths - 1) / kTenth;
   return factor;
 }
 

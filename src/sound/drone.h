@@ -18,10 +18,11 @@ std::int16_t fBuildDroneData();
 // drone type, or a missing raga, changes nothing.
 void sAdjustDroneType(std::int32_t droneType);
 
-// The drone factor after one loudness step: +1 adds 0.1 while the factor
-// is below 1.5, -1 takes off 0.1 while it is above 0.5; otherwise it stays.
-// The sums are the raw floating-point ones: five steps up from 1.0 may end
-// a hair off 1.5.
+// The drone factor after one loudness step, in whole tenths: +1 gives one
+// tenth more while the factor (rounded to tenths) is below 1.5, -1 one
+// tenth less while it is above 0.5; otherwise the factor stays as it is.
+// A stepped factor is always a whole number of tenths, so no number of
+// steps passes 0.5 or 1.5.
 double fSteppedDroneFactor(double factor, std::int16_t step);
 
 // Steps gCurrDroneFactor by gDroneStep and rebuilds the drone whether or not

@@ -44,8 +44,8 @@ const char* gridSortColumn() {
       return " [Raga - Technical Information].VadiNum, ";
     case 4:
       return " [Raga - Technical Information].SamvadiNum, ";
-    case 5:
-      return " [Raga - Technical Information].[Appropriate time], ";
+    case 5:  // the clock from dawn (the text alone sorted "Any hour" before "Dawn")
+      return " [Raga - Technical Information].TimeNum, ";
     default:
       return "";
   }
@@ -106,7 +106,8 @@ void sSetSQLStrings() {
       "SELECT [Raga - Technical Information].Thata, [Raga - Technical Information].Jati, "
       "[Raga - Technical Information].Vadi, [Raga - Technical Information].VadiNum, "
       "[Raga - Technical Information].Samvadi, [Raga - Technical Information].SamvadiNum, "
-      "[Raga - Technical Information].[Appropriate time], RagaNameList.Raga FROM "
+      "[Raga - Technical Information].[Appropriate time], [Raga - Technical Information].TimeNum, "
+      "RagaNameList.Raga FROM "
       "[Raga - Technical Information] INNER JOIN RagaNameList ON "
       "[Raga - Technical Information].[Raga Index] = RagaNameList.[Raga Index] Where "
       "(((RagaNameList.Level) <= ";

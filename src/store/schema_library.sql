@@ -25,6 +25,10 @@ CREATE TABLE "Raga - Technical Information" (
   "VadiNum" INTEGER,
   "SamvadiNum" INTEGER,
   "Appropriate time" TEXT,
+  -- Hours from dawn (3 am) to the first clock time of "Appropriate time",
+  -- 0 to 23, or 24 when it names none: the grid sorts by time on this, so
+  -- that the times follow the clock from dawn and not the alphabet.
+  "TimeNum" INTEGER,
   "DroneType" INTEGER,
   "OPRSetId" INTEGER,
   "Notes" TEXT,

@@ -45,10 +45,8 @@ void readFirstPart(const Recordset& row, std::int32_t notationIndex) {
   part.Mukhada = row.field("CompositionMukhada").asText();
   part.Notation = row.field("Notation").asText();
   part.NotesDuration = row.field("NotesDuration").asText();
-  if (gCurrPhraseKind != kSimilarRaga) {
-    part.Text = row.field("CompositionText").asText();
-    part.PlayingSpeed = int16Field(row, "Playing Speed");
-  }
+  part.Text = row.field("CompositionText").asText();
+  part.PlayingSpeed = int16Field(row, "Playing Speed");
   if (gCurrPhraseKind == kComposition) {
     part.Syllables = row.field("Syllables").asText();
     part.SyllableDuration = row.field("SyllableDuration").asText();
@@ -71,13 +69,27 @@ void readSecondPart(const Recordset& row, std::int32_t notationIndex) {
   part.PlayingSpeed = int16Field(row, "Playing Speed");
 }
 
-// A similar raga's row holds both ragas' phrases: the current raga's one
-// (its syllable columns) becomes part 2.
-void readCurrentRagaPhrase(const Recordset& row, std::int32_t notationIndex) {
-  CompPartRecord& part = startPart(2, notationIndex);
-  part.Notation = row.field("Syllables").asText();
-  part.NotesDuration = row.field("SyllableDuration").asText();
-  part.Mukhada = gCurrRagaName;
+// A similar raga's row holds both ragas' phrases: the other raga's in
+// Notation and NotesDuration, under its name in CompositionMukhada, and the
+// current raga's in Syllables and SyllableDuration. The current raga's
+// phrase becomes part 1 and the other raga's part 2, each part named in
+// Mukhada by the raga whose phrase it holds, so that whoever shows a part
+// takes its name from the same record as its notes.
+// (The first part used to take the other raga's phrase while the screen
+// announced the current raga for the first part and the other raga for
+// the second: under "Currently playing Yaman" the Yaman Kalyan phrase
+// sounded, and the reverse.)
+void readComparison(const Recordset& row, std::int32_t notationIndex) {
+  gCompInfo[0] = CompPartRecord{};
+  gCompInfo[1] = CompPartRecord{};
+  CompPartRecord& current = startPart(1, notationIndex);
+  current.Mukhada = gCurrRagaName;
+  current.Notation = row.field("Syllables").asText();
+  current.NotesDuration = row.field("SyllableDuration").asText();
+  CompPartRecord& other = startPart(2, notationIndex);
+  other.Mukhada = row.field("CompositionMukhada").asText();
+  other.Notation = row.field("Notation").asText();
+  other.NotesDuration = row.field("NotesDuration").asText();
 }
 
 }  // namespace
@@ -112,17 +124,20 @@ void sDBToTCompData(std::int16_t dbSelector, std::int32_t notationIndex) {
   }
   auto parts = store->openRecordset("Raga - Composition Notations", platform::RecordsetType::Table);
   const bool firstFound = seekPart(*parts, notationIndex, 1);
+  if (gCurrPhraseKind == kSimilarRaga) {
+    if (firstFound) {
+      readComparison(*parts, notationIndex);
+    } else {
+      gCompInfo[0].NotationIndex = 0;
+      gCompInfo[1].NotationIndex = 0;
+    }
+    parts->close();
+    return;
+  }
   if (firstFound) {
     readFirstPart(*parts, notationIndex);
   } else {
     gCompInfo[0].NotationIndex = 0;
-  }
-  if (gCurrPhraseKind == kSimilarRaga) {
-    if (firstFound) {
-      readCurrentRagaPhrase(*parts, notationIndex);
-    } else {
-      gCompInfo[1].NotationIndex = 0;
-    }
   }
   if (gCurrPhraseKind == kComposition) {
     if (seekPart(*parts, notationIndex, 2)) {

@@ -17,7 +17,8 @@ struct TCompInfoRecord {
 };
 
 // One part of the composition at hand. For a similar raga (phrase kind 7)
-// part 2 holds the current raga's phrase in Notation and NotesDuration.
+// part 1 holds the current raga's phrase and part 2 the other raga's, each
+// in Notation and NotesDuration, with the name of that raga in Mukhada.
 struct CompPartRecord {
   std::int32_t NotationIndex = 0;  // 0: the part is absent
   std::int16_t Part = 0;           // 1 Asthai, 2 Antara
@@ -46,8 +47,9 @@ void sDBToTCompInfo(std::int16_t dbSelector, std::int16_t infoType, const std::s
 
 // Reads the parts of notationIndex from the store dbSelector names, as
 // gCurrPhraseKind asks: 8 (composition) both parts in full; 7 (similar
-// raga) part 1's phrases, with the current raga's phrase of the same row
-// as part 2; 9 (film song) part 1 only. An absent part gets NotationIndex 0.
+// raga) the one row's two phrases, the current raga's as part 1 and the
+// other raga's as part 2 (see CompPartRecord); 9 (film song) part 1 only.
+// An absent part gets NotationIndex 0.
 void sDBToTCompData(std::int16_t dbSelector, std::int32_t notationIndex);
 
 // Empties gTCompInfo and the two parts of gCompInfo.

@@ -268,8 +268,8 @@ TEST_F(MainOperationsTest, PracticeRefusesBadNotationAndPlaysLongPhrases) {
     click("cPlay");
     runOut(program, ctl("cNVIllusList"));
     ASSERT_EQ(program.messages().size(), before + (c.message.empty() ? 0 : 1));
-    if (!c.message.empty()) {
-      EXPECT_EQ(program.messages().back().text, c.message);
+    if (!c.message.empty()) {  // the refusals go on to name the first wrong word
+      EXPECT_EQ(program.messages().back().text.rfind(c.message, 0), 0u);
     }
     EXPECT_TRUE(ctl("cPlay").enabled());
     EXPECT_TRUE(ctl("cNVIllusList").enabled());

@@ -23,7 +23,10 @@ TEST(DroneFactorStep, StepsOnlyWithinTheRange) {
     double expected;
   } rows[] = {
       {1.0, 1, 1.1},   {1.0, -1, 0.9}, {1.5, 1, 1.5},   {0.5, -1, 0.5},
-      {1.45, 1, 1.55}, {0.55, -1, 0.45}, {1.5, -1, 1.4}, {0.5, 1, 0.6},
+      // Seen in the field: the binary sums four and five Softer steps from
+      // 1.0 used to leave; the sixth step took the drone to 0.4.
+      {0.6000000000000001, -1, 0.5}, {0.5000000000000001, -1, 0.5000000000000001},
+      {1.5, -1, 1.4}, {0.5, 1, 0.6},
       {1.0, 0, 1.0},   {1.0, 2, 1.0},  {3.0, 1, 3.0},   {0.1, -1, 0.1},
   };
   for (const Row& r : rows)

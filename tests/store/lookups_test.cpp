@@ -31,13 +31,13 @@ INSERT INTO "RagaNameList" VALUES ('Yaman', 1, 1), ('Bhairav', 2, 1), ('Kafi', 3
   ('Bhimpalasi', 4, 2), ('Todi', 5, 3), ('Marwa', 6, 3), ('Orphan', 7, 1);
 
 INSERT INTO "Raga - Technical Information" ("Raga Index", "Thata", "Jati", "Vadi", "Samvadi",
-  "VadiNum", "SamvadiNum", "Appropriate time", "DroneType") VALUES
-  (1, 'Kalyan',  'Sampurna',       'G', 'N', 17, 23, 'Evening',   1),
-  (2, 'Bhairav', 'Sampurna',       'd', 'D', 13, 20, 'Morning',   1),
-  (3, 'Kafi',    'Sampurna',       'P', 'S', 19, 12, 'Night',     2),
-  (4, 'Kafi',    'Audav-Sampurna', 'M', 'S', 10, 12, 'Afternoon', 2),
-  (5, NULL,      'Sampurna',       'd', 'g', 13, 15, 'Morning',   1),
-  (6, 'Marwa',   'Shadav',         'r', 'D', 14, 21, 'Evening',   3);
+  "VadiNum", "SamvadiNum", "Appropriate time", "TimeNum", "DroneType") VALUES
+  (1, 'Kalyan',  'Sampurna',       'G', 'N', 17, 23, 'Evening',   15, 1),
+  (2, 'Bhairav', 'Sampurna',       'd', 'D', 13, 20, 'Morning',   3,  1),
+  (3, 'Kafi',    'Sampurna',       'P', 'S', 19, 12, 'Night',     18, 2),
+  (4, 'Kafi',    'Audav-Sampurna', 'M', 'S', 10, 12, 'Afternoon', 9,  2),
+  (5, NULL,      'Sampurna',       'd', 'g', 13, 15, 'Morning',   3,  1),
+  (6, 'Marwa',   'Shadav',         'r', 'D', 14, 21, 'Evening',   14, 3);
 
 INSERT INTO "Raga - Notes" VALUES (1, '0,2,4,6,7,9,11'), (2, '0,1,4,5,7,8,11'),
   (3, '0,2,3,5,7,9,10'), (4, '0,2,3,5,7,9,10'), (5, '0,1,3,6,7,8,11'), (6, '0,1,4,6,7,9,11');
@@ -196,7 +196,7 @@ TEST_F(Lookups, RagaListAndGridInTheSortModesOrder) {
       {2, {"Bhimpalasi", "Bhairav", "Kafi", "Todi", "Yaman", "Marwa"}},  // jati
       {3, {"Bhimpalasi", "Bhairav", "Todi", "Marwa", "Yaman", "Kafi"}},  // vadi by note number
       {4, {"Bhimpalasi", "Kafi", "Todi", "Bhairav", "Marwa", "Yaman"}},  // samvadi by note number
-      {5, {"Bhimpalasi", "Marwa", "Yaman", "Bhairav", "Todi", "Kafi"}},  // time
+      {5, {"Bhairav", "Todi", "Bhimpalasi", "Marwa", "Yaman", "Kafi"}},  // time, from dawn
       {6, byName},
       {-1, byName},
   };
@@ -204,7 +204,7 @@ TEST_F(Lookups, RagaListAndGridInTheSortModesOrder) {
     gSortingMode = static_cast<std::int16_t>(mode);
     sPatchSQLStr19();
     auto rs = gDbA->openRecordset(gSQLStr19, platform::RecordsetType::Snapshot);
-    EXPECT_EQ(rs->fieldCount(), 8);
+    EXPECT_EQ(rs->fieldCount(), 9);
     names.clear();
     for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
     EXPECT_EQ(names, order) << "mode " << mode;

@@ -247,6 +247,21 @@ TEST_F(WorkingRecord, CompositionPartsAndBeatMarkedText) {
   EXPECT_TRUE(messageTexts().empty());
 }
 
+TEST_F(WorkingRecord, SimilarRagaKeepsBothRagasPhrases) {
+  setUp(kYaman, "Yaman");
+  sInitializeCompT();
+  gCurrPhraseKind = 7;
+  sDBToTCompInfo(1, 1, "Yaman Kalyan");
+  sDBToTCompData(1, gCurrCompIndex);
+  // The current raga's phrase is part 1, the other raga's part 2, each
+  // named by its raga.
+  EXPECT_EQ(gCompInfo[0].Notation, "N< R G M P M G R S");
+  EXPECT_EQ(gCompInfo[0].NotesDuration, "50 50 50 50 90 50 50 90 140");
+  EXPECT_EQ(gCompInfo[0].Mukhada, "Yaman");
+  EXPECT_EQ(gCompInfo[1].Notation, "N< R G M P M G m G R S");
+  EXPECT_EQ(gCompInfo[1].Mukhada, "Yaman Kalyan");
+}
+
 TEST_F(WorkingRecord, UserCompositionAndMisses) {
   gDbB->execute(
       "INSERT INTO \"Raga - Additional Information\" VALUES (2, 'My Song', 2, 7001);"

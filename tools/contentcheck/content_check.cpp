@@ -2,6 +2,8 @@
 // the phrase rules themselves are in phrase_checks.cpp.
 #include "content_check.h"
 
+#include <algorithm>
+#include <cctype>
 #include <cmath>
 #include <cstdlib>
 #include <map>
@@ -104,6 +106,44 @@ void checkVadiNumber(Context& c, const Row& tech, const char* noteColumn, const 
   }
 }
 
+// The hour of day (0 to 23) that `number` names when `rest` begins with
+// "am", "pm", "noon" or "midnight"; -1 otherwise.
+int clockHour(int number, const std::string& rest) {
+  if (rest.rfind("am", 0) == 0) return number % 12;
+  if (rest.rfind("pm", 0) == 0) return number % 12 + 12;
+  if (rest.rfind("noon", 0) == 0) return 12;
+  if (rest.rfind("midnight", 0) == 0) return 0;
+  return -1;
+}
+
+// Hours from dawn (3 am) to the first clock time of a time of day ("6 pm",
+// "12 noon", "12 midnight"), 0 to 23; 24 when the text names none.
+int hoursFromDawn(const std::string& time) {
+  auto digit = [&time](std::size_t i) {
+    return i < time.size() && std::isdigit(static_cast<unsigned char>(time[i]));
+  };
+  for (std::size_t i = 0; i < time.size(); ++i) {
+    if (!digit(i) || (i > 0 && digit(i - 1))) continue;
+    std::size_t end = i;
+    while (digit(end)) ++end;
+    const std::size_t word = std::min(time.find_first_not_of(' ', end), time.size());
+    const int hour = clockHour(std::atoi(time.substr(i, end - i).c_str()), time.substr(word));
+    if (hour >= 0) return (hour + 21) % 24;  // 3 am is hour 0
+  }
+  return 24;
+}
+
+// The grid sorts by time on TimeNum: it must be the hours from dawn of the
+// row's time, so that the times follow the clock.
+void checkTimeNumber(Context& c, const Row& tech) {
+  if (tech.find("Appropriate time") == nullptr) return;
+  const int hours = hoursFromDawn(value(tech, "Appropriate time"));
+  if (tech.find("TimeNum") == nullptr || value(tech, "TimeNum") != std::to_string(hours))
+    c.report(Fault::TechnicalData, tech, "TimeNum",
+             "TimeNum must be the hours from 3 am to the start of the Appropriate time, " +
+                 std::to_string(hours));
+}
+
 // Raga Note Ids: the middle-octave notes of the raga and "24" (S>), blank-separated.
 std::set<int> checkRagaNoteIds(Context& c, const Row& row) {
   std::set<int> classes;
@@ -174,6 +214,7 @@ void checkRagas(Context& c) {
                *tech, "PakadDuration", "Pakad: " + runOut);
     checkVadiNumber(c, *tech, "Vadi", "VadiNum");
     checkVadiNumber(c, *tech, "Samvadi", "SamvadiNum");
+    checkTimeNumber(c, *tech);
     if (!thatas.empty() && tech->find("Thata") && !thatas.count(value(*tech, "Thata")))
       c.report(Fault::TechnicalData, *tech, "Thata", "Thata '" + value(*tech, "Thata") + "' is not in [ThataScales]");
     std::set<int> classes;

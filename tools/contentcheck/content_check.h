@@ -27,7 +27,7 @@ enum class Fault {
   GroupCount,           // a raga outside its group, or groups not of 30, 20, 20
   FilmSongShipped,      // a film-song row in the library
   ThekaIncomplete,      // a theka without exactly one known bol per beat
-  TechnicalData,        // an unknown thata, or a drone on a note the raga lacks
+  TechnicalData,        // an unknown thata, a drone on a note the raga lacks, a wrong TimeNum
 };
 
 struct Problem {

@@ -330,13 +330,28 @@ void QtControl::connectSignals() {
                        [this] { fire(EventKind::Click); });
       break;
     case ControlKind::OptionButton:
-    case ControlKind::CheckBox:
-      QObject::connect(static_cast<QAbstractButton*>(w), &QAbstractButton::clicked, [this] {
+    case ControlKind::CheckBox: {
+      auto* button = static_cast<QAbstractButton*>(w);
+      const int checkedValue = def_.kind == ControlKind::OptionButton ? -1 : 1;
+      QObject::connect(button, &QAbstractButton::pressed, [this] { pressed_ = true; });
+      QObject::connect(button, &QAbstractButton::released, [this] { pressed_ = false; });
+      QObject::connect(button, &QAbstractButton::clicked, [this, checkedValue] {
         auto* b = static_cast<QAbstractButton*>(widget_.data());
-        value_ = b->isChecked() ? (def_.kind == ControlKind::OptionButton ? -1 : 1) : 0;
+        value_ = b->isChecked() ? checkedValue : 0;
         fire(EventKind::Click);
       });
+      // A checked state set without a click acts as a click. The
+      // accessibility interface's Toggle action, which screen readers and
+      // voice control press, calls toggle() and emits no clicked: the mode
+      // button ticked and the mode stayed. Every click emits pressed before
+      // it changes the state, so a change outside a press is such a toggle;
+      // one inside a press is left to the clicked that follows it.
+      QObject::connect(button, &QAbstractButton::toggled, [this, checkedValue](bool on) {
+        value_ = on ? checkedValue : 0;
+        if (on && !pressed_ && !settingValue_) fire(EventKind::Click);
+      });
       break;
+    }
     case ControlKind::ListBox:
       QObject::connect(static_cast<QListWidget*>(w), &QListWidget::itemClicked,
                        [this](QListWidgetItem*) { fire(EventKind::Click); });
@@ -654,15 +669,19 @@ void QtControl::setValue(int v) {
       break;
     case ControlKind::OptionButton: {
       // Setting an option true clicks it, as the screen model expects.
-      value_ = v ? -1 : 0;
       auto* b = static_cast<QAbstractButton*>(widget_.data());
+      settingValue_ = true;
       b->setChecked(v != 0);
+      settingValue_ = false;
+      value_ = v ? -1 : 0;
       if (v) fire(EventKind::Click);
       break;
     }
     case ControlKind::CheckBox:
-      value_ = v;
+      settingValue_ = true;
       static_cast<QAbstractButton*>(widget_.data())->setChecked(v != 0);
+      settingValue_ = false;
+      value_ = v;
       break;
     default:
       unsupported("Value");

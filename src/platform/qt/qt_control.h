@@ -161,6 +161,10 @@ class QtControl : public Control {
   int borderStyle_ = 0;
   bool locked_ = false;
   int value_ = 0;              // option and check box value as the logic sees it
+  // An option or check box between its press and its release: a change of
+  // its checked state then belongs to the click that follows.
+  bool pressed_ = false;
+  bool settingValue_ = false;  // inside setValue, which fires its own Click
   float lineX1_ = 0, lineY1_ = 0, lineX2_ = 0, lineY2_ = 0;
   int fixedRows_ = 0;
 };
