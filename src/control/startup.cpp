@@ -180,9 +180,9 @@ void startProgram() {
   fillMainLabels();
   mainWindow().setVisible(false);
   if (!openStores()) return;
-  // The greeting drone stays beside the program's folder ("<folder>D.Wav",
-  // a name other tools may rely on) rather than moving to the temporary
-  // folder; instead every way out removes it (stopProgram for Exit and the
+  // The greeting drone keeps its place beside the program's folder
+  // ("<folder>D.Wav") rather than moving to the temporary folder; instead
+  // every way out removes it (stopProgram for Exit and the
   // close box, the halt for a fatal error), and a file left by a killed run
   // goes here, once this run holds the user store and so is the only copy.
   removeIfExists(gDroneWavFile);
