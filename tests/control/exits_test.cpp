@@ -9,6 +9,9 @@
 #include <sys/wait.h>
 #include <unistd.h>
 
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -88,6 +91,24 @@ TEST(Exits, AFatalErrorShowsTheCauseAndTheFileInTheDetailsAndEndsWithAnErrorStat
   EXPECT_NE(detail.find("Report: " + (p.folder() / "errtrace.txt").string()), std::string::npos)
       << detail;
   EXPECT_EQ(fExitStatus(), 1);
+}
+
+// Where the user reads the details: the real box, under its message.
+TEST(Exits, TheDetailsUnfoldUnderTheMessageOfTheRealBox) {
+  platform::QtWindowSystem windows("");
+  QString shown, detail;
+  QTimer::singleShot(0, [&] {
+    QMessageBox* box = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* b = qobject_cast<QMessageBox*>(w); b && b->isVisible()) box = b;
+    ASSERT_NE(box, nullptr);
+    shown = box->text();
+    detail = box->detailedText();
+    box->accept();
+  });
+  windows.messageBoxWithDetail("the message", platform::kMsgInformation, "Message", "the cause");
+  EXPECT_EQ(shown, "the message");
+  EXPECT_EQ(detail, "the cause");
 }
 
 // The running copy holds the user store from another process. The second
