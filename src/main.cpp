@@ -12,8 +12,10 @@
 //                      the main window is shown the program leaves through
 //                      its Exit button. Message boxes are answered with
 //                      their first answer (OK, or No) and their text goes
-//                      to standard error. Exit status 0 only when the main
-//                      window was shown.
+//                      to standard error, their detailed text after it.
+//                      Exit status 0 only when the main window was shown.
+// Exit status: 1 after a fatal error or when refused as a second copy, in
+// every run; otherwise 0.
 // Environment:
 //   NADAVIK_DATA_FOLDER  A folder that holds the data files (stores, tabla
 //                        kits, pictures, font) in place of the program's own
@@ -35,6 +37,7 @@
 #include "core/error_state.h"
 #include "core/messages.h"
 #include "core/session.h"
+#include "core/trace.h"
 #include "notation/devanagari.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
@@ -86,8 +89,10 @@ class UnattendedStart {
   UnattendedStart(platform::QtWindowSystem& windows, platform::Screen& opening,
                   platform::Screen& main)
       : opening_(opening), main_(main) {
-    windows.setMessageBoxResponder([](const std::string& text, int style, const std::string&) {
+    windows.setDetailedMessageBoxResponder([](const std::string& text, int style,
+                                              const std::string&, const std::string& detail) {
       std::fprintf(stderr, "nadavik: message: %s\n", text.c_str());
+      if (!detail.empty()) std::fprintf(stderr, "nadavik: details: %s\n", detail.c_str());
       return (style & 0x7) == platform::kMsgYesNo ? platform::kAnswerNo : platform::kAnswerOk;
     });
     // The opening screen is modal inside the main window's Load: the poll
@@ -163,10 +168,11 @@ int main(int argc, char* argv[]) {
   if (!main.loaded()) {
     sCloseStores();
     if (unattended) std::fprintf(stderr, "nadavik: the start-up ended before the main window\n");
-    return unattended ? 1 : 0;
+    return unattended || fExitStatus() != 0 ? 1 : 0;
   }
   if (check) check->startUpDone();
   const int status = QApplication::exec();
   sCloseStores();  // before any static object is destroyed
+  if (fExitStatus() != 0) return fExitStatus();  // a fatal error or a refusal
   return check && !check->mainWindowShown() ? 1 : status;
 }

@@ -101,9 +101,9 @@ constexpr Basis kTips = Basis::TipCount;
 //   DelayC, DelayMO, DelayPC, DelayW   synchronisation delays of the
 //                    screens, 0 to 1000 ms; DelayMO alone defaults to 0 for
 //                    an empty text (10 for Null)
-//   CurrDroneFactor  loudness of the drone, 0.5 to 1.5 in steps of 0.1;
-//                    stepping in binary drifts a little past both ends, so
-//                    the range is the synthesis library's 0.3 to 1.7
+//   CurrDroneFactor  loudness of the drone, 0.5 to 1.5 in steps of 0.1 (the
+//                    steps are counted in whole tenths, so they end exactly
+//                    there; an older store's 0.4 falls back to 1.0)
 // CurrDroneFactor used to be written at the stop and never read (the drone
 // was at 1.0 after every start, whatever the user had set); it is restored
 // like the others now, and read last so the other rows keep their order.
@@ -125,7 +125,7 @@ const UsageParameter kUsageParameters[] = {
     {"DelayMO", &gDelayMO, {10}, {0}, {0}, {1000}},
     {"DelayPC", &gDelayPC, {10}, {10}, {0}, {1000}},
     {"DelayW", &gDelayW, {10}, {10}, {0}, {1000}},
-    {"CurrDroneFactor", &gCurrDroneFactor, {1.0}, {1.0}, {0.3}, {1.7}},
+    {"CurrDroneFactor", &gCurrDroneFactor, {1.0}, {1.0}, {0.5}, {1.5}},
 };
 
 // Whether `p` is the row of `variable`.

@@ -1,7 +1,8 @@
 // Program control: start-up, the main window, tips and the stop sequence.
 //
 // Start: the main window's Load event shows the opening screen; when the
-// user goes on, sNVControl(0) sets the paths, empties the trace file, reads
+// user goes on, sNVControl(0) sets the paths, takes the user store (a second
+// copy is refused there, before it writes anything), empties the trace file, reads
 // the command line, sets the fixed values, checks the font, opens both
 // stores, reads the usage parameters and calls sInitApp1, which readies the
 // sound library and greets the user with the drone. After the greeting's
@@ -103,6 +104,30 @@ void readMaximisedGeometry() {
   gResizeEnabled = 0;
 }
 
+// A second copy of the program must know that it is one before it writes
+// anything (it used to empty the running copy's trace file). The first sign
+// it can have is the user store's exclusive lock, so that store is opened
+// first of all, before the trace file: a refusal there ends the start with
+// "Nadavik is already running" and a non-zero exit status, with no file
+// touched. A user store that fails for another reason is left to openStores,
+// where the fault is reported as usual; a missing one means that no copy
+// runs on this folder.
+bool holdUserStore() {
+  const std::string path = gDataPath + "/mrB.nvy";
+  gDbB.reset();
+  if (!fileExists(path)) return true;
+  try {
+    gDbB = platform::defaultWorkspace().openDatabase(path, true, false, kConnectString);
+  } catch (const platform::StoreError& e) {
+    if (e.number != 3045) return true;
+    sShowMessage("Nadavik is already running");
+    sSetExitStatus(1);
+    fFormById(kFormNadavik)->unload();
+    return false;
+  }
+  return true;
+}
+
 // Opens both stores; false when the library store lacks a table or column the
 // program reads (a damaged or foreign file), after one message that names the
 // file and the first missing item, and the halt.
@@ -119,8 +144,10 @@ bool openStores() {
     sHaltProgramExecution();
     return false;
   }
-  sEnsureUserStore(gStoreBPath);
-  gDbB = gWorkspace->openDatabase(gStoreBPath, true, false, kConnectString);
+  if (!gDbB) {
+    sEnsureUserStore(gStoreBPath);
+    gDbB = gWorkspace->openDatabase(gStoreBPath, true, false, kConnectString);
+  }
   return true;
 }
 
@@ -139,6 +166,7 @@ void startProgram() {
   gExeFile = gAppPath + "/tonvex.exe";
   gDataPath = gAppPath;
   gErrTraceFile = gDataPath + "/errtrace.txt";
+  if (!holdUserStore()) return;
   openErrorTraceFile();
   sCheckCommandLine();
   sSetGlobalVariables();
@@ -152,6 +180,12 @@ void startProgram() {
   fillMainLabels();
   mainWindow().setVisible(false);
   if (!openStores()) return;
+  // The greeting drone keeps its place beside the program's folder
+  // ("<folder>D.Wav") rather than moving to the temporary folder; instead
+  // every way out removes it (stopProgram for Exit and the
+  // close box, the halt for a fatal error), and a file left by a killed run
+  // goes here, once this run holds the user store and so is the only copy.
+  removeIfExists(gDroneWavFile);
   sCheckSetNVVersion();
   sSetDefaultOptions();
   sMnuTipsCheck();
@@ -165,6 +199,9 @@ void stopProgram() {
   gImageIndex = 6;
   showMainPicture();
   sDeleteWavFiles();
+  // The close box removes the greeting drone too, though it once kept the
+  // last played file: no greeting file may outlive the run.
+  removeIfExists(gDroneWavFile);
   sSaveUsageParameters();
   sCloseStores();
   gDbA.reset();
@@ -175,6 +212,7 @@ void stopProgram() {
 }  // namespace
 
 void sSetProgramLocation(const std::string& appPath, const std::string& commandLine) {
+  sSetExitStatus(0);
   gAppPath = appPath;
   gCommandLine = commandLine;
 }

@@ -10,10 +10,12 @@ struct PendingError {
   std::string description;
   std::string source;
   long lastDllError = 0;
+  std::string file;  // the file the fault concerns, when known
 };
 
 const PendingError& fPendingError();
-void sSetPendingError(long number, const std::string& description, const std::string& source);
+void sSetPendingError(long number, const std::string& description, const std::string& source,
+                      const std::string& file = "");
 
 // Runs an event handler; a fault that escapes it goes to fIgnorable and, when
 // not forgiven, to sProgramErrorExit.

@@ -36,6 +36,15 @@ bool isForgiven(long number) {
   return number == kErrOverflow || number == kErrDivisionByZero || number == kErrQueryExpression;
 }
 
+// The detailed text of the fatal error's box: the cause, the file it
+// concerns when known, and where the report was written.
+std::string fFatalErrorDetail() {
+  std::string detail = "Error " + std::to_string(gErrNumber) + ": " + gErrDescription + "\n";
+  if (!gPending.file.empty()) detail += "File: " + gPending.file + "\n";
+  detail += "Report: " + gErrTraceFile;
+  return detail;
+}
+
 void writeErrorLines(std::ofstream& out) {
   out << fDateTimeLine() << "\n";
   out << "Called form '" << gCurrProcName << "'\n";
@@ -55,8 +64,9 @@ std::string fDateTimeLine() {
 
 const PendingError& fPendingError() { return gPending; }
 
-void sSetPendingError(long number, const std::string& description, const std::string& source) {
-  gPending = {number, description, source, 0};
+void sSetPendingError(long number, const std::string& description, const std::string& source,
+                      const std::string& file) {
+  gPending = {number, description, source, 0, file};
 }
 
 void sTrace(std::int16_t mode) {
@@ -126,17 +136,27 @@ void sProgramErrorExit() {
     }
     writeErrorLines(out);
   }
-  sShowMessage("A program error has occured in procedure '" + gCurrProcName +
-               "'. Program execution will be halted, and error trace will be appended to file "
-               "'errtrace.txt'. Please e-mail that file to " +
-               kSupportEmail + " and try running Nadavik again.");
+  // The box keeps its required wording, which names sFillErrorParam and
+  // asks to try again even when the cause is lasting (a damaged or
+  // unwritable store); what went wrong and where is in its detailed text.
+  sShowMessageWithDetail(
+      "A program error has occured in procedure '" + gCurrProcName +
+          "'. Program execution will be halted, and error trace will be appended to file "
+          "'errtrace.txt'. Please e-mail that file to " +
+          kSupportEmail + " and try running Nadavik again.",
+      fFatalErrorDetail());
   ++gErrorTrapCount;
   sHaltProgramExecution();
 }
 
 namespace {
 HaltProcedure gHaltProcedure = nullptr;
+int gExitStatus = 0;
 }  // namespace
+
+int fExitStatus() { return gExitStatus; }
+
+void sSetExitStatus(int status) { gExitStatus = status; }
 
 void sSetHaltProcedure(HaltProcedure procedure) { gHaltProcedure = procedure; }
 
@@ -147,13 +167,19 @@ void sHaltProgramExecution() {
     std::error_code ec;
     if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
   }
+  // The greeting drone beside the program's folder is this run's only when it
+  // holds the user store: a second copy, refused at that store, leaves the
+  // running copy's file alone.
+  std::error_code ec;
+  if (gDbB && !gDroneWavFile.empty()) std::filesystem::remove(gDroneWavFile, ec);
+  gExitStatus = 1;
   // The screens' unload handlers have had the stores; the program ends now.
   sCloseStores();
 }
 
 void sRunTrapped(const std::function<void()>& handler) {
   long number = 0;
-  std::string description, source;
+  std::string description, source, file;
   try {
     handler();
     return;
@@ -165,6 +191,7 @@ void sRunTrapped(const std::function<void()>& handler) {
     number = e.number;
     description = e.what();
     source = "DAO.Database";
+    file = e.file;
   } catch (const platform::ProgramError& e) {
     number = kErrProgram;
     description = e.what();
@@ -174,6 +201,6 @@ void sRunTrapped(const std::function<void()>& handler) {
     description = e.what();
     source = "Nadavik";
   }
-  sSetPendingError(number, description, source);
+  sSetPendingError(number, description, source, file);
   if (fIgnorable() == 0 && number != kErrEngineComponent) sProgramErrorExit();
 }

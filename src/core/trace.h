@@ -11,8 +11,13 @@ void sProgramErrorExit();
 // Ends the run through the halt procedure that the screen manager installs
 // (it unloads the screens up the parent chain, deletes the wave file now
 // playing and unloads the main window), so that this core knows no screen.
-// Without one, only the wave file is deleted.
+// Without one, only the wave file is deleted. Either way the greeting drone
+// file goes too, when this run holds the user store (and so owns the file).
 void sHaltProgramExecution();
+// The status the process ends with: 0 until a halt, then 1, so that a run
+// ended by a fatal error or a refusal is told from an orderly exit.
+int fExitStatus();
+void sSetExitStatus(int status);
 using HaltProcedure = void (*)();
 void sSetHaltProcedure(HaltProcedure procedure);
 

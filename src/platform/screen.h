@@ -262,6 +262,14 @@ class WindowSystem {
 
   // Shows a modal message box; returns kAnswerOk, kAnswerYes or kAnswerNo.
   virtual int messageBox(const std::string& text, int style, const std::string& title) = 0;
+  // The same box with a detailed text the user can unfold under the message
+  // (a fatal error's cause and the file concerned). A window system that
+  // has no such place shows the box without it.
+  virtual int messageBoxWithDetail(const std::string& text, int style, const std::string& title,
+                                   const std::string& detail) {
+    (void)detail;
+    return messageBox(text, style, title);
+  }
 
   // Size of the desktop in logical pixels.
   virtual float screenWidth() const = 0;

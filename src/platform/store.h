@@ -17,6 +17,7 @@
 #include <optional>
 #include <stdexcept>
 #include <string>
+#include <utility>
 #include <variant>
 #include <vector>
 
@@ -65,9 +66,10 @@ class Value {
 //   3003 a transaction begun inside another, 3034 a commit or rollback with
 //   no transaction begun.
 struct StoreError : std::runtime_error {
-  StoreError(long errorNumber, const std::string& description)
-      : std::runtime_error(description), number(errorNumber) {}
+  StoreError(long errorNumber, const std::string& description, std::string storeFile = "")
+      : std::runtime_error(description), number(errorNumber), file(std::move(storeFile)) {}
   long number;
+  std::string file;  // the store file concerned, when known
 };
 
 enum class RecordsetType { Table = 1, Dynaset = 2, Snapshot = 4 };

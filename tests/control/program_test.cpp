@@ -12,8 +12,8 @@
 
 #include "composer/composer.h"
 #include "control/screen_manager.h"
-#include "control/user_store.h"
 #include "control/screen_table.h"
+#include "control/user_store.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
 #include "platform/audio.h"
@@ -95,7 +95,7 @@ TEST(Program, StartGreetsWithTheDroneThenShowsTipsThenEnablesTheMenu) {
 
 // The parameters one by one are tested in parameters_test.cpp; here, that
 // the close box and Exit save them and the next start reads them, seen by
-// the tips; Exit also deletes the last played file, the close box keeps it.
+// the tips; both leave no greeting drone file behind.
 TEST(Program, TheCloseBoxAndExitSaveTheSettingsAndTheNextStartRestoresThem) {
   ProgramHarness p;
   p.start();
@@ -107,7 +107,7 @@ TEST(Program, TheCloseBoxAndExitSaveTheSettingsAndTheNextStartRestoresThem) {
   EXPECT_EQ(gCloseReason, 2);
   EXPECT_EQ(parameter(p.folder() / "mrB.nvy", "SortingMode") + parameter(p.folder() / "mrB.nvy", "TipSignal"),
             "40");
-  EXPECT_TRUE(fs::exists(gDroneWavFile));
+  EXPECT_FALSE(fs::exists(gDroneWavFile));
 
   gTipSignal = 1;
   p.start();  // the same folder again

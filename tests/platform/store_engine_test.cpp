@@ -51,20 +51,6 @@ long errorOf(const std::function<void()>& action) {
   return 0;
 }
 
-// Runs the probe process on path; its output, with its standard error
-// after the standard output, and its exit status in *status.
-std::string probe(const std::string& path, const char* mode, int* status = nullptr) {
-  std::string command =
-      std::string(NADAVIK_STORE_OPEN_PROBE) + " '" + path + "' " + mode + " 2>&1";
-  FILE* pipe = popen(command.c_str(), "r");
-  std::string output;
-  char buffer[512];
-  while (fgets(buffer, sizeof buffer, pipe)) output += buffer;
-  const int ended = pclose(pipe);
-  if (status) *status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
-  return output;
-}
-
 std::string fileBytes(const std::string& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
@@ -99,13 +85,17 @@ class StoreEngine : public ::testing::Test {
     return rs;
   }
   // What a second process gets when it opens the store exclusively: "0" or
-  // the error number and message (see store_open_probe.cpp).
-  std::string probe(const char* mode) {
-    FILE* pipe = popen((std::string(NADAVIK_STORE_OPEN_PROBE) + " '" + path_ + "' " + mode).c_str(), "r");
+  // the error number and message (see store_open_probe.cpp), with its
+  // standard error after its output; its exit status in *status.
+  std::string probe(const char* mode, int* status = nullptr) {
+    const std::string command =
+        std::string(NADAVIK_STORE_OPEN_PROBE) + " '" + path_ + "' " + mode + " 2>&1";
+    FILE* pipe = popen(command.c_str(), "r");
     std::string output;
     char buffer[512];
     while (fgets(buffer, sizeof buffer, pipe)) output += buffer;
-    pclose(pipe);
+    const int ended = pclose(pipe);
+    if (status) *status = WIFEXITED(ended) ? WEXITSTATUS(ended) : -1;
     return output;
   }
 
@@ -221,7 +211,7 @@ TEST_F(StoreEngine, OpensExcludeEachOtherAsAskedAlsoAcrossProcesses) {
 // that touches freed memory.
 TEST_F(StoreEngine, AStoreStillOpenAtExitIsReleasedCleanly) {
   int status = -1;
-  EXPECT_EQ(probe(path_, "keep", &status), "0\n");
+  EXPECT_EQ(probe("keep", &status), "0\n");
   EXPECT_EQ(status, 0);
 }
 

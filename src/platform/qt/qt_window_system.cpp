@@ -33,10 +33,17 @@ Screen& QtWindowSystem::screen(const std::string& name) {
 }
 
 int QtWindowSystem::messageBox(const std::string& text, int style, const std::string& title) {
+  return messageBoxWithDetail(text, style, title, "");
+}
+
+int QtWindowSystem::messageBoxWithDetail(const std::string& text, int style,
+                                         const std::string& title, const std::string& detail) {
+  if (detailedResponder_) return detailedResponder_(text, style, title, detail);
   if (responder_) return responder_(text, style, title);
   QMessageBox box;
   box.setWindowTitle(QString::fromStdString(title));
   box.setText(QString::fromStdString(text));
+  if (!detail.empty()) box.setDetailedText(QString::fromStdString(detail));
   switch (style & 0x70) {
     case kMsgCritical: box.setIcon(QMessageBox::Critical); break;
     case kMsgQuestion: box.setIcon(QMessageBox::Question); break;
@@ -99,6 +106,10 @@ void QtWindowSystem::setAudioDeviceFactory(AudioDeviceFactory factory) {
 
 void QtWindowSystem::setMessageBoxResponder(MessageBoxResponder responder) {
   responder_ = std::move(responder);
+}
+
+void QtWindowSystem::setDetailedMessageBoxResponder(DetailedMessageBoxResponder responder) {
+  detailedResponder_ = std::move(responder);
 }
 
 std::unique_ptr<AudioDevice> QtWindowSystem::createAudioDevice() const {

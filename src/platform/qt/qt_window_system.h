@@ -32,6 +32,10 @@ using AudioDeviceFactory = std::function<std::unique_ptr<AudioDevice>()>;
 using MessageBoxResponder =
     std::function<int(const std::string& text, int style, const std::string& title)>;
 
+// The same with the box's detailed text (empty when the box has none).
+using DetailedMessageBoxResponder = std::function<int(
+    const std::string& text, int style, const std::string& title, const std::string& detail)>;
+
 class QtWindowSystem : public WindowSystem {
  public:
   // screensDir holds the <Name>.screen definition files.
@@ -40,6 +44,8 @@ class QtWindowSystem : public WindowSystem {
 
   Screen& screen(const std::string& name) override;
   int messageBox(const std::string& text, int style, const std::string& title) override;
+  int messageBoxWithDetail(const std::string& text, int style, const std::string& title,
+                           const std::string& detail) override;
   float screenWidth() const override;
   float screenHeight() const override;
   std::vector<std::string> fontFamilies() const override;
@@ -50,6 +56,8 @@ class QtWindowSystem : public WindowSystem {
   void setDevanagariConverters(DevanagariConverters converters);
   void setAudioDeviceFactory(AudioDeviceFactory factory);
   void setMessageBoxResponder(MessageBoxResponder responder);
+  // Takes the place of the plain responder for every box, detailed or not.
+  void setDetailedMessageBoxResponder(DetailedMessageBoxResponder responder);
 
   // Used by the controls.
   const DevanagariConverters& devanagari() const { return devanagari_; }
@@ -63,6 +71,7 @@ class QtWindowSystem : public WindowSystem {
   DevanagariConverters devanagari_;
   AudioDeviceFactory audioFactory_;
   MessageBoxResponder responder_;
+  DetailedMessageBoxResponder detailedResponder_;
   std::string notationFamily_;
 };
 

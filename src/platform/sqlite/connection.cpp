@@ -68,8 +68,8 @@ Connection::Connection(const std::string& path, bool exclusive, bool readOnly)
     handle_ = nullptr;
     long number = fStoreErrorNumber(rc, message);
     if ((rc & 0xff) == SQLITE_NOTADB)
-      throw StoreError(number, "The file '" + path + "' is not a store file: " + message + ".");
-    throw StoreError(number, "Cannot open the store file '" + path + "': " + message + ".");
+      throw StoreError(number, "The file '" + path + "' is not a store file: " + message + ".", path);
+    throw StoreError(number, "Cannot open the store file '" + path + "': " + message + ".", path);
   }
 }
 

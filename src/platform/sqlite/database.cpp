@@ -74,7 +74,7 @@ std::unique_ptr<Database> SqliteWorkspace::openDatabase(const std::string& path,
 void SqliteWorkspace::createDatabase(const std::string& path, const std::string& schemaSql) {
   std::error_code ec;
   if (std::filesystem::exists(path, ec))
-    throw StoreError(3045, "The store file '" + path + "' exists already.");
+    throw StoreError(3045, "The store file '" + path + "' exists already.", path);
   const std::string temporary = path + ".new";
   std::filesystem::remove(temporary, ec);
   sqlite3* handle = nullptr;
@@ -87,7 +87,8 @@ void SqliteWorkspace::createDatabase(const std::string& path, const std::string&
   if (rc != SQLITE_OK || ec) {
     std::filesystem::remove(temporary, ec);
     throw StoreError(3051, "Cannot create the store file '" + path +
-                               "': " + (rc != SQLITE_OK ? message : ec.message()) + ".");
+                               "': " + (rc != SQLITE_OK ? message : ec.message()) + ".",
+                     path);
   }
 }
 

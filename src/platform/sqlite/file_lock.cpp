@@ -34,11 +34,11 @@ std::map<std::pair<dev_t, ino_t>, Hold>& heldFiles() {
 }
 
 [[noreturn]] void throwInUse(const std::string& path) {
-  throw StoreError(3045, "Could not use '" + path + "'; file already in use.");
+  throw StoreError(3045, "Could not use '" + path + "'; file already in use.", path);
 }
 
 [[noreturn]] void throwCannotOpen(const std::string& path, const std::string& why) {
-  throw StoreError(3051, "Cannot open the store file '" + path + "': " + why + ".");
+  throw StoreError(3051, "Cannot open the store file '" + path + "': " + why + ".", path);
 }
 
 }  // namespace
@@ -47,7 +47,7 @@ FileLock::FileLock(const std::string& path, bool exclusive, bool readOnly) {
   struct stat info {};
   if (stat(path.c_str(), &info) != 0) {
     if (errno == ENOENT || errno == ENOTDIR)
-      throw StoreError(3024, "Could not find file '" + path + "'.");
+      throw StoreError(3024, "Could not find file '" + path + "'.", path);
     throwCannotOpen(path, std::strerror(errno));
   }
   if (!S_ISREG(info.st_mode)) throwCannotOpen(path, "not a regular file");

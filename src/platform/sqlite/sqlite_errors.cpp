@@ -33,7 +33,9 @@ long fStoreErrorNumber(int resultCode, const std::string& message) {
 
 void sThrowSqlite(sqlite3* handle, int resultCode, const std::string& context) {
   std::string message = handle ? sqlite3_errmsg(handle) : sqlite3_errstr(resultCode);
-  throw StoreError(fStoreErrorNumber(resultCode, message), context + ": " + message);
+  const char* file = handle ? sqlite3_db_filename(handle, "main") : nullptr;
+  throw StoreError(fStoreErrorNumber(resultCode, message), context + ": " + message,
+                   file ? file : "");
 }
 
 }  // namespace platform::sqlite

@@ -1,0 +1,208 @@
+// The ways the program ends: a fatal error's box, which keeps its fixed
+// wording and gives the cause and the file in its detailed text; a second
+// copy, refused before it touches any file; and the greeting drone file
+// beside the program's folder, which no exit leaves behind.
+#include <fcntl.h>
+#include <gtest/gtest.h>
+#include <signal.h>
+#include <sys/file.h>
+#include <sys/wait.h>
+#include <unistd.h>
+
+#include <QApplication>
+#include <QMessageBox>
+#include <QTimer>
+#include <filesystem>
+#include <fstream>
+#include <functional>
+#include <map>
+#include <sstream>
+
+#include "control/user_store.h"
+#include "core/session.h"
+#include "core/trace.h"
+#include "platform/store.h"
+#include "program_harness.h"
+
+namespace fs = std::filesystem;
+using platform::EventKind;
+
+namespace {
+
+struct Box {
+  std::string text;
+  std::string detail;
+};
+
+// Records every box with its detailed text, in place of the harness's own
+// record, which has no detail.
+std::vector<Box>& recordBoxes() {
+  static std::vector<Box> boxes;
+  boxes.clear();
+  platform::qtWindowSystem().setDetailedMessageBoxResponder(
+      [](const std::string& text, int, const std::string&, const std::string& detail) {
+        boxes.push_back({text, detail});
+        return platform::kAnswerOk;
+      });
+  return boxes;
+}
+
+std::string readFile(const fs::path& p) {
+  std::ifstream in(p, std::ios::binary);
+  std::stringstream s;
+  s << in.rdbuf();
+  return s.str();
+}
+
+// Every file of the folder and its sibling drone file, with a digest of its
+// content and its time of last change.
+std::map<std::string, std::string> snapshot(const fs::path& folder) {
+  std::map<std::string, std::string> files;
+  auto add = [&files](const fs::path& p) {
+    files[p.string()] = std::to_string(std::hash<std::string>{}(readFile(p))) + "@" +
+                        std::to_string(fs::last_write_time(p).time_since_epoch().count());
+  };
+  for (const auto& entry : fs::recursive_directory_iterator(folder))
+    if (entry.is_regular_file()) add(entry.path());
+  if (fs::exists(folder.string() + "D.Wav")) add(folder.string() + "D.Wav");
+  return files;
+}
+
+const std::string kFatalText =
+    "A program error has occured in procedure 'sFillErrorParam'. Program execution will be "
+    "halted, and error trace will be appended to file 'errtrace.txt'. Please e-mail that file "
+    "to support@nadavik.org and try running Nadavik again.";
+
+// A user store that is not a store at all: the box keeps its wording, and
+// its details say what went wrong, in which file, and where the report is.
+TEST(Exits, AFatalErrorShowsTheCauseAndTheFileInTheDetailsAndEndsWithAnErrorStatus) {
+  ProgramHarness p;
+  auto& boxes = recordBoxes();
+  const fs::path userStore = p.folder() / "mrB.nvy";
+  std::ofstream(userStore, std::ios::binary) << std::string(8192, '\x5a');
+  p.start();
+  EXPECT_FALSE(p.mainWindowLoaded());
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].text, kFatalText);
+  const std::string& detail = boxes[0].detail;
+  EXPECT_NE(detail.find("Error 3051: "), std::string::npos) << detail;
+  EXPECT_NE(detail.find("not a store file"), std::string::npos) << detail;
+  EXPECT_NE(detail.find("File: " + userStore.string()), std::string::npos) << detail;
+  EXPECT_NE(detail.find("Report: " + (p.folder() / "errtrace.txt").string()), std::string::npos)
+      << detail;
+  EXPECT_EQ(fExitStatus(), 1);
+}
+
+// Where the user reads the details: the real box, under its message.
+TEST(Exits, TheDetailsUnfoldUnderTheMessageOfTheRealBox) {
+  platform::QtWindowSystem windows("");
+  QString shown, detail;
+  QTimer::singleShot(0, [&] {
+    QMessageBox* box = nullptr;
+    for (QWidget* w : QApplication::topLevelWidgets())
+      if (auto* b = qobject_cast<QMessageBox*>(w); b && b->isVisible()) box = b;
+    ASSERT_NE(box, nullptr);
+    shown = box->text();
+    detail = box->detailedText();
+    box->accept();
+  });
+  windows.messageBoxWithDetail("the message", platform::kMsgInformation, "Message", "the cause");
+  EXPECT_EQ(shown, "the message");
+  EXPECT_EQ(detail, "the cause");
+}
+
+// The running copy holds the user store from another process. The second
+// copy learns it before it writes anything: the running copy's trace,
+// logs, store and drone file stay exactly as they were.
+TEST(Exits, ASecondCopyIsRefusedByNameAndTouchesNoFileOfTheRunningCopy) {
+  ProgramHarness p;
+  auto& boxes = recordBoxes();
+  const fs::path userStore = p.folder() / "mrB.nvy";
+  platform::defaultWorkspace().createDatabase(userStore.string(), kUserStoreSchema);
+  std::ofstream(p.folder() / "errtrace.txt") << "\nOpened Error Trace File\nthe running copy\n";
+  std::ofstream(p.folder() / "ignoerr.txt") << "the running copy's forgiven errors\n";
+  std::ofstream(p.folder().string() + "D.Wav") << "the running copy's greeting";
+
+  int ready[2];
+  ASSERT_EQ(pipe(ready), 0);
+  const pid_t running = fork();
+  ASSERT_GE(running, 0);
+  if (running == 0) {  // the running copy: holds the store as the program does
+    const int fd = open(userStore.c_str(), O_RDWR);
+    if (fd < 0 || flock(fd, LOCK_EX) != 0) _exit(1);
+    if (write(ready[1], "x", 1) != 1) _exit(1);
+    for (;;) pause();
+  }
+  char held = 0;
+  ASSERT_EQ(read(ready[0], &held, 1), 1);
+  const auto before = snapshot(p.folder());
+
+  p.start();
+  kill(running, SIGKILL);
+  waitpid(running, nullptr, 0);
+  close(ready[0]);
+  close(ready[1]);
+
+  EXPECT_FALSE(p.mainWindowLoaded());
+  ASSERT_EQ(boxes.size(), 1u);
+  EXPECT_EQ(boxes[0].text, "Nadavik is already running");
+  EXPECT_EQ(fExitStatus(), 1);
+  EXPECT_EQ(snapshot(p.folder()), before);
+}
+
+// Runs the start-up out: the greeting's timer, then OK on the tips.
+void finishStartUp(ProgramHarness& p) {
+  p.clock().advance(7000);
+  p.fire("Nadavik", "cTimer", EventKind::Timer);
+  if (gTipSignal == 1) p.fire("Nadavik", "cOK", EventKind::Click);
+}
+
+TEST(Exits, NoExitLeavesTheGreetingDroneFile) {
+  struct Case {
+    const char* exit;
+    std::function<void(ProgramHarness&)> leave;
+    int status;
+  };
+  const Case cases[] = {
+      {"Exit", [](ProgramHarness& p) { p.fire("Nadavik", "cExit", EventKind::Click); }, 0},
+      {"close box", [](ProgramHarness& p) { p.closeWindow("Nadavik"); }, 0},
+      {"fatal error",
+       [](ProgramHarness&) {
+         // Some other piece is the one playing, as after any use of the menu.
+         gCurrMusicFile = gWavA;
+         platform::runAtEventBoundary([] { throw std::runtime_error("a fault in a handler"); });
+       },
+       1},
+  };
+  for (const Case& c : cases) {
+    SCOPED_TRACE(c.exit);
+    ProgramHarness p;
+    auto& boxes = recordBoxes();
+    p.start();
+    finishStartUp(p);
+    const std::string drone = p.folder().string() + "D.Wav";
+    ASSERT_TRUE(fs::exists(drone));
+    c.leave(p);
+    p.settle();
+    EXPECT_FALSE(p.mainWindowLoaded());
+    EXPECT_FALSE(fs::exists(drone));
+    EXPECT_EQ(fExitStatus(), c.status);
+    EXPECT_EQ(boxes.size(), c.status == 0 ? 0u : 1u);
+  }
+}
+
+// A drone file left by a killed run goes at the next start, even when that
+// start writes no greeting of its own (here the tabla kits are missing).
+TEST(Exits, ADroneFileLeftByAKilledRunGoesAtTheNextStart) {
+  ProgramHarness p;
+  recordBoxes();
+  const std::string drone = p.folder().string() + "D.Wav";
+  std::ofstream(drone) << "left by a killed run";
+  fs::remove(p.folder() / "clb.nvy");
+  fs::remove(p.folder() / "vlb.nvy");
+  p.start();
+  EXPECT_FALSE(fs::exists(drone));
+  p.closeWindow("Nadavik");
+}
+
+}  // namespace
