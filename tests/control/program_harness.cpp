@@ -5,6 +5,8 @@
 
 #include <QApplication>
 #include <QTimer>
+#include <fstream>
+#include <iterator>
 
 #include "app/screens.h"
 #include "control/startup.h"
@@ -89,6 +91,17 @@ void ProgramHarness::closeWindow(const std::string& name) {
 platform::Screen& ProgramHarness::screen(const std::string& name) { return windows_->screen(name); }
 
 bool ProgramHarness::mainWindowLoaded() { return windows_->screen("Nadavik").loaded(); }
+
+std::string readFile(const std::filesystem::path& path) {
+  std::ifstream in(path, std::ios::binary);
+  return {std::istreambuf_iterator<char>(in), {}};
+}
+
+void ProgramHarness::finishStartUp() {
+  clock_.advance(7000);
+  fire("Nadavik", "cTimer", platform::EventKind::Timer);
+  if (gTipSignal == 1) fire("Nadavik", "cOK", platform::EventKind::Click);
+}
 
 void ProgramHarness::settle() {
   for (int i = 0; i < 3; ++i) QCoreApplication::processEvents();

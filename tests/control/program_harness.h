@@ -11,6 +11,9 @@
 #include "platform/clock.h"
 #include "platform/qt/qt_window_system.h"
 
+// The whole content of a file ("" when there is none).
+std::string readFile(const std::filesystem::path& path);
+
 struct RecordedMessage {
   std::string text;
   std::string title;
@@ -40,6 +43,9 @@ class ProgramHarness {
 
   platform::Screen& screen(const std::string& name);
   bool mainWindowLoaded();
+
+  // Runs the start-up out: the greeting's timer, then OK on the tips.
+  void finishStartUp();
 
   // Lets queued events run (deferred window deletion and the like).
   void settle();

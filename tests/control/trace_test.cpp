@@ -108,16 +108,14 @@ TEST_F(TraceTest, ForgivenErrorsAreLoggedAndExecutionGoesOn) {
   EXPECT_EQ(linesOf(dir_ / "ignoerr.txt").size(), 3u * 8u);
 }
 
-// A fatal fault in a handler is reported with the required wording and the
+// A fatal fault in a handler is reported with the required message and the
 // program halts; the seventh trap in one run stops at once; a missing
 // engine component has its own message and counts no trap.
 TEST_F(TraceTest, FatalFaultsAreReportedAndTheProgramHalts) {
   sRunTrapped([] { sRaiseError(kErrTypeMismatch, "Type mismatch", "Nadavik"); });
   ASSERT_EQ(windows_.messages.size(), 1u);
-  EXPECT_EQ(windows_.messages[0].text,
-            "A program error has occured in procedure 'sFillErrorParam'. Program execution will "
-            "be halted, and error trace will be appended to file 'errtrace.txt'. Please e-mail "
-            "that file to support@nadavik.org and try running Nadavik again.");
+  // (its whole wording: exits_test)
+  EXPECT_EQ(windows_.messages[0].text.rfind("A program error has occured in procedure 'sFillErrorParam'.", 0), 0u);
   const Lines report = trace();
   ASSERT_EQ(report.size(), 7u);
   EXPECT_EQ(Lines(report.begin() + 2, report.begin() + 6),
