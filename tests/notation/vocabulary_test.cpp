@@ -40,11 +40,6 @@ TEST_F(Vocabulary, LookupsAndStringsForNotes) {
   for (const auto& [note, dev] : devanagari) EXPECT_EQ(fGetDevnagariStringForNote(note), dev);
   const std::pair<const char*, const char*> files[] = {{"N>", "35"}, {"r<", "01"}, {"saa", ""}};
   for (const auto& [note, file] : files) EXPECT_EQ(fGetFnameForNote(note), file);
-  const std::tuple<int, std::int16_t, const char*> strings[] = {
-      {24, 1, "saaM"}, {24, 2, "S>"}, {36, 2, ""}, {24, 0, ""}};
-  for (const auto& [id, script, text] : strings) EXPECT_EQ(fGetStringForNote(id, script), text);
-  EXPECT_THROW(fGetStringForNote(37, 2), ErrorTrap);
-  EXPECT_THROW(fGetStringForNote(-1, 2), ErrorTrap);
 }
 
 TEST_F(Vocabulary, WordTranslation) {
