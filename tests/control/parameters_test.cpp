@@ -202,18 +202,6 @@ TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
   }
 }
 
-TEST_F(UsageParameters, ASaveThatFailsPartWayWritesNothing) {
-  setEvery(false);
-  sSaveUsageParameters();
-  const auto before = storedRows();
-  gDbB->execute("DELETE FROM \"User Parameters\" WHERE \"Parameter Name\" = 'DelayW';");
-  const auto withoutDelayW = storedRows();
-  setEvery(true);
-  EXPECT_THROW(sSaveUsageParameters(), ErrorTrap);  // no row for DelayW: a fatal fault
-  EXPECT_EQ(storedRows(), withoutDelayW);
-  EXPECT_EQ(withoutDelayW.size() + 1, before.size());
-}
-
 // Reads whole bytes from `fd` until `count` have come (false on a timeout of
 // 10 s or the end of the pipe) or, with count < 0, until the end.
 bool readBytes(int fd, int count, int& total) {
