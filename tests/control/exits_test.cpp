@@ -51,7 +51,7 @@ std::vector<Box>& recordBoxes() {
 std::map<std::string, std::string> snapshot(const fs::path& folder) {
   std::map<std::string, std::string> files;
   auto add = [&files](const fs::path& p) {
-    files[p.string()] = std::to_string(std::hash<std::string>{}(readFile(p))) + "@" +
+    files[p.string()] = std::to_string(std::hash<std::string>{}(ProgramHarness::readFile(p))) + "@" +
                         std::to_string(fs::last_write_time(p).time_since_epoch().count());
   };
   for (const auto& entry : fs::recursive_directory_iterator(folder))

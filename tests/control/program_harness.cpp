@@ -92,7 +92,7 @@ platform::Screen& ProgramHarness::screen(const std::string& name) { return windo
 
 bool ProgramHarness::mainWindowLoaded() { return windows_->screen("Nadavik").loaded(); }
 
-std::string readFile(const std::filesystem::path& path) {
+std::string ProgramHarness::readFile(const std::filesystem::path& path) {
   std::ifstream in(path, std::ios::binary);
   return {std::istreambuf_iterator<char>(in), {}};
 }

@@ -11,9 +11,6 @@
 #include "platform/clock.h"
 #include "platform/qt/qt_window_system.h"
 
-// The whole content of a file ("" when there is none).
-std::string readFile(const std::filesystem::path& path);
-
 struct RecordedMessage {
   std::string text;
   std::string title;
@@ -27,6 +24,8 @@ class ProgramHarness {
   ~ProgramHarness();
 
   const std::filesystem::path& folder() const { return folder_; }
+  // The whole content of a file ("" when there is none).
+  static std::string readFile(const std::filesystem::path& path);
   platform::VirtualClock& clock() { return clock_; }
   const std::vector<RecordedMessage>& messages() const { return messages_; }
 

@@ -44,7 +44,7 @@ TEST(Program, CancelOnTheOpeningScreenEndsBeforeAnyFileIsTouched) {
   std::ofstream(p.folder() / "errtrace.txt") << "last run\n";
   p.start(false);
   EXPECT_FALSE(p.mainWindowLoaded());
-  EXPECT_EQ(readFile(p.folder() / "errtrace.txt"), "last run\n");
+  EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt"), "last run\n");
   EXPECT_FALSE(fs::exists(p.folder() / "mrB.nvy"));
   EXPECT_TRUE(p.messages().empty());
 }
@@ -54,7 +54,7 @@ TEST(Program, StartGreetsWithTheDroneThenShowsTipsThenEnablesTheMenu) {
   p.start();
   ASSERT_TRUE(p.mainWindowLoaded());
   for (const auto& m : p.messages()) ADD_FAILURE() << "unexpected message: " << m.text;
-  EXPECT_EQ(readFile(p.folder() / "errtrace.txt").rfind("\nOpened Error Trace File\n", 0), 0u);
+  EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt").rfind("\nOpened Error Trace File\n", 0), 0u);
   EXPECT_TRUE(fs::exists(p.folder() / "mrB.nvy"));
   EXPECT_EQ(gDevnagariOk, -1);
 
@@ -117,7 +117,7 @@ TEST(Program, EveryScreenIsEnteredFromTheMenuAndLeftByReturnOrCloseBox) {
   p.start(true, "x1");
   platform::Screen& main = p.screen("Nadavik");
   EXPECT_TRUE(main.control("cMnuTraOn").visible() && main.control("cMnuTraOn").checked());
-  EXPECT_NE(readFile(p.folder() / "errtrace.txt").find("Entering sSetGlobalVariables(1)"), std::string::npos);
+  EXPECT_NE(p.readFile(p.folder() / "errtrace.txt").find("Entering sSetGlobalVariables(1)"), std::string::npos);
   p.finishStartUp();
   const struct {
     const char* menu;
@@ -231,7 +231,7 @@ TEST(Program, AMissingLibraryStoreIsReportedByNameAndNotMade) {
   EXPECT_FALSE(p.mainWindowLoaded());
   ASSERT_FALSE(p.messages().empty());
   EXPECT_EQ(p.messages().back().text.rfind("A program error has occured", 0), 0u);
-  EXPECT_NE(readFile(p.folder() / "errtrace.txt").find("mrA.nvy"), std::string::npos);
+  EXPECT_NE(p.readFile(p.folder() / "errtrace.txt").find("mrA.nvy"), std::string::npos);
   EXPECT_FALSE(fs::exists(p.folder() / "mrA.nvy"));
 }
 
