@@ -1,5 +1,5 @@
 // Tests of durations: sums and their rounding, matras to duration words,
-// timing scripts, the tempo factor and composition matra counts.
+// timing scripts and the tempo factor.
 #include "notation/durations.h"
 
 #include <gtest/gtest.h>
@@ -8,7 +8,6 @@
 
 #include "core/errors.h"
 #include "core/session.h"
-#include "notation/composition_matras.h"
 
 namespace {
 
@@ -56,19 +55,6 @@ TEST(Durations, TimingScriptAtTheTempoOfTheFactorOrTheSlider) {
   const std::pair<int, const char*> sliders[] = {{1, "75"}, {2, "50"}, {9, "15"}, {13, "8"}, {17, "5"}};
   for (const auto& [slider, scaled] : sliders) EXPECT_EQ(fFactorTimingScript("15", slider), scaled) << slider;
   EXPECT_THROW(fFactorTimingScript("15", 19), ErrorTrap);
-}
-
-TEST(Durations, CompositionMatraCounts) {
-  // Part 1: 8 matras from beat 3; part 2: 6.5 matras from beat 5.
-  const auto count =
-      fCountCompositionMatras(CompositionPartMatras{"2 2 2 2", 3}, CompositionPartMatras{"2 2 2 0.5", 5});
-  EXPECT_EQ(count.asthaiMatras, 8);   // without its starting beat
-  EXPECT_EQ(count.antaraMatras, 10);  // 10.5 with its starting beat, to even
-  EXPECT_EQ(count.gridMatras, 10);    // integer part of 10.5
-  const auto alone = fCountCompositionMatras(CompositionPartMatras{"4 4 4 4", 1}, std::nullopt);
-  EXPECT_EQ(alone.asthaiMatras, 16);
-  EXPECT_EQ(alone.antaraMatras, 0);
-  EXPECT_EQ(alone.gridMatras, 16);
 }
 
 }  // namespace
