@@ -12,7 +12,7 @@
 #include "keyboard/reeds.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
-#include "playback_harness.h"
+#include "sound_test_support.h"
 
 namespace {
 
