@@ -1,72 +1,87 @@
-// Loading the music set in use: every failure of the sequence with its
-// messages, the user music set from the user store, the rebuild with a
-// scale shift, and the status-line text.
+// The sound set-up on the built library store: starting the synthesis
+// library and greeting with the drone; loading the music set in use with
+// every failure of each sequence and its messages, the user music set, the
+// rebuild with a scale shift and the status-line text; the drone's loudness
+// limits and the raga's drone type; and seeds and tuning: every built-in
+// music set and the ratio tuning of a shifted scale put the notes at their
+// just ratios to an equal-tempered Sa, measured on rendered notes against a
+// table of their own; damaged seed rows, and the note columns of "ONPR".
 #include <gtest/gtest.h>
+
+#include <cmath>
+#include <filesystem>
+#include <functional>
 
 #include "core/session.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
+#include "sound/drone.h"
+#include "sound/library_setup.h"
 #include "sound/music_set.h"
+#include "sound/onpr_rows.h"
+#include "sound/seeds.h"
 #include "sound/sound_state.h"
+#include "sound/tuning.h"
 #include "sound_test_support.h"
+#include "store/lookups.h"
 #include "tonvex/tonvex.h"
 
 namespace {
 
+using TuningTest = SoundStoreTest;
 using MusicSetTest = SoundStoreTest;
-using Messages = std::vector<std::string>;
 
-// Damage to the library store: a seed period the library refuses, and a
-// correction no seed can be stretched to.
-const char* const kBadMainSeed =
-    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'c' AND "Note Id" = 7)";
-const char* const kBadDroneSeed =
-    R"(UPDATE "Note Specifications" SET SamPerCyc = 5 WHERE "Instr Name" = 'e' AND "Note Id" = 9)";
-const char* const kBadMainCorrection =
-    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 1)";
-const char* const kBadDroneCorrection =
-    R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = 2)";
-
-struct FailureCase {
-  const char* what;
-  const char* libraryChange;  // SQL on the library store, or nullptr
-  void (*sessionChange)();    // or nullptr
-  Messages messages;
-};
-
-const FailureCase kFailures[] = {
-    {"main set undeclared", nullptr, [] { gMainSetName = std::string("x"); },
-     {"Error Freeing Note Seeds Memory", "Error loading Main Note Seeds"}},
-    {"main seed damaged", kBadMainSeed, nullptr,
-     {"Error Loading Seed Data For c7", "Error loading Main Note Seeds"}},
-    {"main correction refused", kBadMainCorrection, nullptr,
-     {"Error adjusting SPC", "Error adjusting Main Note Seeds"}},
-    {"drone set undeclared", nullptr, [] { gDroneSetName = std::string("z"); },
-     {"Error Freeing Note Seeds Memory", "Error loading Drone Note Seeds"}},
-    {"drone seed damaged", kBadDroneSeed, nullptr,
-     {"Error Loading Seed Data For e9", "Error loading Drone Note Seeds"}},
-    {"drone correction refused", kBadDroneCorrection, nullptr,
-     {"Error adjusting SPC", "Error adjusting Drone Note Seeds"}},
-    {"drone type unknown", nullptr, [] { gCurrDroneType = 9; },
-     {"Error in FWavLoadDroneData", "Error building Drone Data"}},
-};
-
+// Each failure of the start or of loading the music set shows its
+// messages and gives 0. (A drone that cannot be built fails the loading
+// inside the start.)
 TEST_F(MusicSetTest, EachFailureEndsTheSequenceWithItsMessages) {
-  for (const FailureCase& c : kFailures) {
-    SCOPED_TRACE(c.what);
-    resetLibraryStore();
-    gMainSetName = "c";
-    gDroneSetName = "e";
-    gCurrDroneType = 1;
-    if (c.libraryChange) changeLibraryStore(c.libraryChange);
-    if (c.sessionChange) c.sessionChange();
+  const std::function<std::int16_t()> start = [] { return std::int16_t(fStartSoundLibrary()); };
+  const std::function<std::int16_t()> load = fCreateNoteSeedsForUse;
+  // A correction of set 3 no seed can be stretched to, for an instrument type.
+  const std::string badCorrection = R"(UPDATE "ONPR" SET "05" = 5000 WHERE NPSetId = 3 AND InstrumentType = )";
+  const struct { const char* what; std::function<void()> change; const std::function<std::int16_t()>& sequence;
+                 Messages messages; } cases[] = {
+      {"no set names", [] { gSynthNames = ""; }, start, {"Error in Setting GlobalVariables"}},
+      {"main set undeclared", [] { gMainSetName = std::string("x"); }, start, {"Error in Setting Instrument Name"}},
+      {"drone cannot be built", [] { gCurrDroneType = 9; }, start,
+       {"Error in FWavLoadDroneData", "Error building Drone Data", "Error in Creating Note Seeds"}},
+      {"kit file missing", [] { gInstrLibFiles[3] = gDataPath + "/none.nvy"; }, start,
+       {"Error in Loading Theka Data"}},
+      {"theka instrument 6", [] { gThekaInstrument = 6; }, start, {"Error in Loading Theka Data"}},
+      {"main set undeclared", [] { gMainSetName = std::string("x"); }, load,
+       {"Error Freeing Note Seeds Memory", "Error loading Main Note Seeds"}},
+      {"main correction refused", [&] { changeLibraryStore(badCorrection + "1"); }, load,
+       {"Error adjusting SPC", "Error adjusting Main Note Seeds"}},
+      {"drone set undeclared", [] { gDroneSetName = std::string("z"); }, load,
+       {"Error Freeing Note Seeds Memory", "Error loading Drone Note Seeds"}},
+      {"drone correction refused", [&] { changeLibraryStore(badCorrection + "2"); }, load,
+       {"Error adjusting SPC", "Error adjusting Drone Note Seeds"}},
+  };
+  for (const auto& c : cases) {
+    SoundStoreTest::TearDown();
+    SoundStoreTest::SetUp();
     windows_.messages.clear();
-    EXPECT_EQ(fCreateNoteSeedsForUse(), 0);
-    EXPECT_EQ(messageTexts(), c.messages);
+    c.change();
+    EXPECT_EQ(c.sequence(), 0) << c.what;
+    EXPECT_EQ(messageTexts(), c.messages) << c.what;
   }
 }
 
-TEST_F(MusicSetTest, UserSetComesFromTheUserStoreWithItsTonic) {
+TEST_F(MusicSetTest, StartsAndGreetsWithTheDroneOrSaysWhyNot) {
+  ASSERT_TRUE(fStartSoundLibrary());
+  ASSERT_TRUE(fGenerateGreetingDrone());
+  EXPECT_TRUE(messageTexts().empty());
+  EXPECT_NEAR(fWaveLengthMs(gDroneWavFile), 6400.0, 1.0) << "two cycles of 3200 ms";
+  gDroneWavFile = gDataPath + "/missing-folder/D.Wav";
+  EXPECT_FALSE(fGenerateGreetingDrone());
+  EXPECT_EQ(messageTexts(), Messages{"Error in generating drone file"});
+  EXPECT_FALSE(std::filesystem::exists(gDroneWavFile));
+}
+
+// The user set comes from the user store with its tonic; set 12 from the
+// library store although the user store has a row 12; the status line names
+// each.
+TEST_F(MusicSetTest, EachSetComesFromItsStoreWithItsTonicAndName) {
   gCurrMusicSetId = kUserSetId;
   ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
   EXPECT_TRUE(messageTexts().empty());
@@ -74,41 +89,197 @@ TEST_F(MusicSetTest, UserSetComesFromTheUserStoreWithItsTonic) {
   // The drone row was loaded last: column i at note tonic + 2 + i.
   EXPECT_FLOAT_EQ(gNoteAdjust[kUserSetTonic + 2 + 10], -0.10f);
   EXPECT_EQ(gNoteAdjust[kUserSetTonic + 1], 0.0f);
-}
-
-TEST_F(MusicSetTest, SetTwelveIsReadFromTheLibraryStore) {
-  // A row 12 in the user store must not be the one read.
+  sInitScales();
+  gCurrMusicSetName = "Test Scale";
+  EXPECT_EQ(fGetScaleInfo(),
+            "Using User-defined scale 'Test Scale' with White-4 (F) as nominal 'sA' (Tonic Note)");
   gDbB->execute(
       R"(INSERT INTO "ONPR" ("NPSetId", "InstrumentType", "TonicNoteId") VALUES (12, 1, 5))");
   gCurrMusicSetId = 12;
   ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
   EXPECT_EQ(gCurrTonicNoteId, 12);
-}
-
-TEST_F(MusicSetTest, ScaleInfoNamesTheSetAndItsTonic) {
-  sInitScales();
-  gCurrTonicNoteId = 3;
-  gCurrMusicSetId = 3;
-  EXPECT_EQ(fGetScaleInfo(), "Using NV Scale with Black-1 (C#) As 'sA' (Tonic Note)");
-  gCurrMusicSetId = 12;
-  gCurrTonicNoteId = 12;
   EXPECT_EQ(fGetScaleInfo(), "Using NV Scale with Black-5 (A#) As 'sA' (Tonic Note)");
-  gCurrMusicSetId = kUserSetId;
-  gCurrTonicNoteId = kUserSetTonic;
-  gCurrMusicSetName = "Test Scale";
-  EXPECT_EQ(fGetScaleInfo(),
-            "Using User-defined scale 'Test Scale' with White-4 (F) as nominal 'sA' (Tonic Note)");
-}
-
-TEST_F(MusicSetTest, RebuildGoesOnPastEachFailure) {
+  // A rebuild with a scale shift goes on past each failure.
   gScaleShiftSpec = {12, 318.0f, 316.0f};
   gCurrDroneType = 9;
   EXPECT_EQ(fAdjustScaleNotesToCurrentSetting(gCurrMusicSetId), 0);
   EXPECT_EQ(messageTexts(), (Messages{"Error in FWavLoadDroneData", "Error building Drone Data",
                                       "Error Creating Note Seeds", "Error in FWavLoadDroneData",
                                       "Error in building Drone Data"}));
-  // The shift was applied all the same.
-  EXPECT_NE(gMainAdjust[12], 0.0f);
+  EXPECT_NE(gMainAdjust[12], 0.0f) << "the shift was applied all the same";
+}
+
+// Every drone type builds in both modes; at a loudness limit the factor
+// stays but the drone is still rebuilt, and a drone that cannot be built
+// says so there too.
+TEST_F(MusicSetTest, TheDroneBuildsForEveryTypeAndIsRebuiltAtEachLimit) {
+  ASSERT_EQ(fLoadNoteSeeds(gDroneSetName), 1);
+  for (std::int16_t mode : {1, 2})
+    for (std::int32_t type : {1, 2, 3}) {
+      gDroneMode = mode;
+      gCurrDroneType = type;
+      EXPECT_EQ(fBuildDroneData(), 1) << mode << " " << type;
+    }
+  for (const auto& [factor, step] : {std::pair{1.5, 1}, {0.5, -1}}) {
+    gCurrDroneFactor = factor;
+    gDroneStep = std::int16_t(step);
+    gCurrDroneType = 1;
+    gWavOption = 2;
+    windows_.messages.clear();
+    EXPECT_EQ(fAdjustDroneVolume(), 1);
+    EXPECT_EQ(gCurrDroneFactor, factor);
+    EXPECT_EQ(gWavOption, 1);
+    gCurrDroneType = 9;
+    EXPECT_EQ(fAdjustDroneVolume(), 0);
+    EXPECT_EQ(gCurrDroneFactor, factor);
+    EXPECT_EQ(messageTexts(), (Messages{"Error in FWavLoadDroneData", "Error in Building DroneData"}));
+  }
+}
+
+// The raga's drone type is taken only when it differs: with the drone set
+// undeclared any rebuild would fail loudly, so the same type, or a raga
+// missing from the table, must cause none.
+TEST_F(MusicSetTest, TheRagasDroneTypeIsTakenOnlyWhenItDiffers) {
+  ASSERT_EQ(fLoadNoteSeeds(gDroneSetName), 1);
+  changeLibraryStore(R"(INSERT INTO "Raga - Technical Information" ("Raga Index", "DroneType")
+                        VALUES (501, 2), (502, 1), (503, NULL);)");
+  const Messages failed{"Error in FWavLoadDroneData", "Error in loading drone data"};
+  const struct { std::int32_t ragaId; const char* droneSet; std::int32_t droneType; Messages messages; } steps[] = {
+      {501, "e", 2, {}}, {501, "z", 2, {}}, {999, "z", 2, {}}, {502, "z", 1, failed},
+      {503, "e", 0, failed}};  // 503: no type recorded
+  gCurrDroneType = 1;
+  for (const auto& s : steps) {
+    windows_.messages.clear();
+    gDroneSetName = s.droneSet;
+    gCurrRagaId = s.ragaId;
+    sAdjustDroneType(fGetRagaDroneType(gCurrRagaId));
+    EXPECT_EQ(gCurrDroneType, s.droneType) << s.ragaId;
+    EXPECT_EQ(messageTexts(), s.messages) << s.ragaId;
+  }
+}
+
+// Notes across the three octaves of the columns, with their just ratios.
+const struct JustNote { const char* name; int semitones; double ratio; } kJustNotes[] = {  // semitones from Sa
+    {"m<", -7, 2.0 / 3}, {"D<", -3, 5.0 / 6}, {"S", 0, 1.0},     {"r", 1, 16.0 / 15},
+    {"R", 2, 9.0 / 8},   {"g", 3, 6.0 / 5},   {"G", 4, 5.0 / 4}, {"m", 5, 4.0 / 3},
+    {"M", 6, 45.0 / 32}, {"P", 7, 3.0 / 2},   {"d", 8, 8.0 / 5}, {"n", 10, 9.0 / 5},
+    {"N", 11, 15.0 / 8}, {"S>", 12, 2.0},     {"P>", 19, 3.0}};
+
+// The built-in sets (Sa equal-tempered from A4 = 440 Hz), and shifts by
+// the ratio tuning; the drone set sounds its upper slots an octave lower.
+TEST_F(TuningTest, EveryNoteSoundsItsJustRatioToSa) {
+  // shiftRef 0: no shift
+  const struct { const char* what; std::int16_t setId; std::int32_t shiftRef; double shiftCents; int saNote;
+                 double saHz; } cases[] = {
+      {"set 3", 3, 0, 0, 12, 138.5913},                     // C#3
+      {"set 8", 8, 0, 0, 17, 184.9972},                     // F#3
+      {"set 12: no column above note 40", 12, 0, 0, 21, 233.0819},  // A#3
+      {"set 3 raised 30 cents", 3, 12, 30, 12, 138.5913},
+      {"set 12 shifted by nothing", 12, 21, 0, 21, 233.0819},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    gCurrMusicSetId = c.setId;
+    if (c.shiftRef == 0) {
+      ASSERT_EQ(fCreateNoteSeedsForUse(), 1);
+    } else {
+      const float base = float(tonvex::kSampleRate / c.saHz);  // the Sa's recorded period
+      gScaleShiftSpec = {c.shiftRef, base, float(base / std::exp2(c.shiftCents / 1200))};
+      ASSERT_EQ(fAdjustScaleNotesToCurrentSetting(c.setId), 1);
+    }
+    EXPECT_TRUE(messageTexts().empty());
+    EXPECT_EQ(gCurrTonicNoteId, c.saNote - 9);
+    const double saHz = c.saHz * std::exp2(c.shiftCents / 1200);
+    for (const JustNote& n : kJustNotes) {
+      const int note = c.saNote + n.semitones;
+      if (note < 0 || note > 40) continue;
+      EXPECT_NEAR(fCents(fMeasureRenderedNoteHz(note, saHz * n.ratio, file("n.wav")),
+                         saHz * n.ratio), 0.0, 1.0) << n.name << " at note " << note;
+    }
+    ASSERT_EQ(FWavSetCurrInstr("e"), 1);
+    for (const auto& [slot, ratio] : {std::pair{12, 1.0}, {19, 1.5}})
+      EXPECT_NEAR(fCents(fMeasureRenderedNoteHz(c.saNote + slot, saHz * ratio, file("n.wav")),
+                         saHz * ratio), 0.0, 1.0) << "drone slot " << c.saNote + slot;
+    ASSERT_EQ(FWavSetCurrInstr("c"), 1);
+  }
+}
+
+TEST_F(TuningTest, ARatioTuningTheLibraryRefusesEndsWithItsMessage) {
+  ASSERT_EQ(fLoadNoteSeeds("c"), 1);
+  const float base = float(tonvex::kSampleRate / 138.5913);  // C#3, the middle Sa at tonic 3
+  sAdjustNotesForFreqRat({12, base, base * 3.0f}, "c", 1);  // beyond what a seed can be stretched to
+  EXPECT_EQ(messageTexts(), Messages{"Error adjusting SPC"});
+}
+
+// Each damage to note 7 of the main set stops the load there with the
+// note's message, the notes after it unloaded, and stops a ratio tuning,
+// which reloads each note, at that note.
+TEST_F(TuningTest, DamagedSeedRowsStopTheLoadAtThatNote) {
+  const std::string where = " WHERE \"Instr Name\" = 'c' AND \"Note Id\" = 7";
+  const std::string damages[] = {
+      "UPDATE \"Note Specifications\" SET SamPerCyc = 5" + where,  // refused by the library
+      "UPDATE \"Note Specifications\" SET SamPerCyc = -1" + where,
+      "UPDATE \"Note Specifications\" SET SamPerCyc = NULL" + where,
+      "UPDATE \"Note Specifications\" SET SamPerCyc = 3000000000" + where,
+      "UPDATE \"Note Specifications\" SET \"Fractional Value\" = 1.5" + where,
+      "UPDATE \"Sample Values\" SET \"Sample Value\" = 40000" + where + " AND \"Sample Id\" = 3",
+      "INSERT INTO \"Sample Values\" VALUES ('c', 7, 5000, 1)",  // beyond the period
+  };
+  auto sounds = [this](const char* token) {
+    return FWavGenerateMusicFile(1, token, "200", file("n.wav").string(), 0, 0.2, 1, 1000, 60,
+                                 80, 50) == 1;
+  };
+  const float base = float(tonvex::kSampleRate / 138.5913);  // C#3, the middle Sa at tonic 3
+  for (const std::string& damage : damages) {
+    SCOPED_TRACE(damage);
+    resetLibraryStore();
+    changeLibraryStore(damage);
+    windows_.messages.clear();
+    EXPECT_EQ(fLoadNoteSeeds("c"), 0);
+    EXPECT_EQ(messageTexts(), Messages{"Error Loading Seed Data For c7"});
+    EXPECT_TRUE(sounds("06"));
+    EXPECT_FALSE(sounds("08"));
+    windows_.messages.clear();
+    sAdjustNotesForFreqRat({12, base, base}, "c", 1);
+    EXPECT_EQ(messageTexts(), Messages{"Error Loading Seed Data For c7"});
+  }
+  // Missing sample rows are silence, not a fault.
+  resetLibraryStore();
+  changeLibraryStore(R"(DELETE FROM "Sample Values"
+                        WHERE "Instr Name" = 'c' AND "Note Id" = 7 AND "Sample Id" > 10;)");
+  EXPECT_EQ(fLoadNoteSeeds("c"), 1);
+  EXPECT_TRUE(sounds("07"));
+  // A note the store lacks cannot be reloaded. (That a reload sets back a
+  // note's tuning shows in the shifted scales above.)
+  windows_.messages.clear();
+  EXPECT_EQ(fLoadIndividualNoteSeed("c", 41) + fLoadIndividualNoteSeed("q", 12), 0);
+  EXPECT_EQ(messageTexts(), (Messages{"Error Loading Seed Data For c41", "Error Loading Seed Data For q12"}));
+}
+
+// A correction vector written to the user set's row at tonic 5 loads back
+// unchanged on the notes of the columns; columns outside the row read 0.
+TEST_F(TuningTest, AVectorWrittenToTheUserSetLoadsBackUnchanged) {
+  NoteAdjustVector written{};
+  for (int n = 0; n < kNoteAdjustSize; ++n) written[n] = 0.1f * float(n) - 1.7f;
+  gCurrTonicNoteId = 5;
+  auto rs = gDbB->openRecordset("ONPR", platform::RecordsetType::Table);
+  rs->setIndex("PrimaryKey");
+  rs->seek("=", {kUserSetId, 1});
+  rs->edit();
+  rs->setField("TonicNoteId", 5);
+  sUpdateNoteAdjustmentSPCs(*rs, written);
+  rs->update();
+  rs->close();
+  gCurrTonicNoteId = 1;
+  sLoadNoteAdjustSPCVector("c", 1, kUserSetId);
+  EXPECT_EQ(gCurrTonicNoteId, 5);
+  for (int n = 0; n < kNoteAdjustSize; ++n)
+    EXPECT_EQ(gNoteAdjust[n], (n >= 7 && n <= 33) ? written[n] : 0.0f) << n;
+  // A missing music set leaves the notes untuned and the tonic alone.
+  gNoteAdjust.fill(3.0f);
+  sLoadNoteAdjustSPCVector("c", 1, 14);
+  EXPECT_EQ(gCurrTonicNoteId, 5);
+  for (float d : gNoteAdjust) EXPECT_EQ(d, 0.0f);
 }
 
 }  // namespace

@@ -1,19 +1,40 @@
-// Stores, session defaults and pitch measurement for the sound tests.
+// Stores, session defaults, measurements and the playing chain's stage for
+// the sound tests.
 #include "sound_test_support.h"
 
 #include <unistd.h>
 
-#include <cmath>
-#include <cstdint>
+#include <QApplication>
+#include <algorithm>
+#include <cstdlib>
+#include <filesystem>
 #include <fstream>
+#include <numeric>
 #include <sstream>
 
+#include "audio_measure.h"
+#include "control/screen_manager.h"
 #include "core/session.h"
+#include "keyboard/keyboard_layout.h"
+#include "keyboard/reed_labels.h"
+#include "keyboard/reeds.h"
+#include "notation/devanagari.h"
+#include "notation/vocabulary.h"
+#include "platform/audio.h"
+#include "platform/qt/qt_window_system.h"
+#include "platform/silent_audio.h"
 #include "platform/store.h"
-#include "sound/onpr_rows.h"
+#include "sound/library_setup.h"
+#include "sound/music_buffers.h"
+#include "sound/notes_list.h"
+#include "sound/play_chain.h"
+#include "sound/play_state.h"
+#include "sound/play_status.h"
+#include "sound/playback.h"
 #include "sound/sound_state.h"
 #include "store/queries.h"
 #include "tonvex/tonvex.h"
+#include "wav_file.h"
 
 namespace fs = std::filesystem;
 
@@ -49,54 +70,22 @@ std::string userSetRows() {
 void setSoundDefaults(const fs::path& dir) {
   gDataPath = dir.string();
   gErrTraceFile = (dir / "errtrace.txt").string();
-  gTraceEnabled = 0;
-  gTraceOn = 0;
+  gTraceEnabled = gTraceOn = 0;
   gSynthNames = "ce";
   gMainSetName = "c";
   gDroneSetName = "e";
-  gCurrTonicNoteId = 3;
-  gCurrMusicSetId = 3;
+  gCurrTonicNoteId = gCurrMusicSetId = 3;
   gCurrMusicSetName.clear();
   gCurrDroneType = 1;
   gCurrDroneFactor = 1.0;
-  gDroneMode = 1;
-  gWavOption = 1;
+  gDroneMode = gWavOption = 1;
   gThekaInstrument = 4;
   gInstrLibFiles = {"", "", "", NADAVIK_TEST_KIT_FILE, ""};
   gDroneCycles = 2;
   gDroneWavFile = (dir / "D.Wav").string();
-  gNoteAdjust.fill(0.0f);
-  gMainAdjust.fill(0.0f);
-  gDroneAdjust.fill(0.0f);
+  gNoteAdjust = gMainAdjust = gDroneAdjust = {};
   gScaleShiftSpec = {};
   gDroneStep = 0;
-}
-
-// 16-bit mono samples of a wave file; empty when it is not one.
-std::vector<std::int16_t> readWaveSamples(const fs::path& path) {
-  std::ifstream in(path, std::ios::binary);
-  char riff[12];
-  if (!in.read(riff, 12) || std::string(riff, 4) != "RIFF") return {};
-  char header[8];
-  while (in.read(header, 8)) {
-    std::uint32_t size = 0;
-    for (int i = 0; i < 4; ++i) size |= std::uint32_t(std::uint8_t(header[4 + i])) << (8 * i);
-    if (std::string(header, 4) == "data") {
-      std::vector<std::int16_t> samples(size / 2);
-      in.read(reinterpret_cast<char*>(samples.data()), std::streamsize(samples.size() * 2));
-      return samples;
-    }
-    in.seekg(size + (size & 1), std::ios::cur);
-  }
-  return {};
-}
-
-// Autocorrelation of x at a lag over n samples from start.
-double correlation(const std::vector<std::int16_t>& x, std::size_t start, std::size_t n,
-                   std::size_t lag) {
-  double sum = 0.0;
-  for (std::size_t i = start; i < start + n; ++i) sum += double(x[i]) * double(x[i + lag]);
-  return sum;
 }
 
 }  // namespace
@@ -122,10 +111,8 @@ void SoundStoreTest::SetUp() {
 }
 
 void SoundStoreTest::TearDown() {
-  if (gDbA) gDbA->close();
-  if (gDbB) gDbB->close();
-  gDbA.reset();
-  gDbB.reset();
+  for (auto* db : {&gDbA, &gDbB})
+    if (*db) (*db)->close(), db->reset();
   fs::remove_all(dir_);
 }
 
@@ -143,8 +130,8 @@ void SoundStoreTest::resetLibraryStore() {
   gDbA = openStore(dir_ / "mrA.nvy", true);
 }
 
-std::vector<std::string> SoundStoreTest::messageTexts() const {
-  std::vector<std::string> texts;
+Messages SoundStoreTest::messageTexts() const {
+  Messages texts;
   for (const ShownMessage& m : windows_.messages) {
     EXPECT_EQ(m.title, "Message") << m.text;
     EXPECT_EQ(m.style, platform::kMsgInformation) << m.text;
@@ -153,51 +140,187 @@ std::vector<std::string> SoundStoreTest::messageTexts() const {
   return texts;
 }
 
-double SoundStoreTest::recordedSpc(const std::string& setName, int noteId) const {
-  auto rs = gDbA->openRecordset("Note Specifications", platform::RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
-  rs->seek("=", {setName, noteId});
-  const double spc = rs->noMatch() ? 0.0
-                                   : double(rs->field("SamPerCyc").asInteger()) +
-                                         rs->field("Fractional Value").asDouble();
-  rs->close();
-  return spc;
+void MusicFileTest::SetUp() {
+  SoundStoreTest::SetUp();
+  sInitScales();
+  ASSERT_TRUE(fStartSoundLibrary());
+  gWavFiles = {gWavA = file("A.wav").string(), gWavB = file("B.wav").string(), gWavC = file("C.wav").string(), ""};
+  gCurrForm = nullptr;
+  gNotationScript = 2;
+  gCurrItemType = gCurrPhraseKind = gCurrMode = 1;
+  gThekaMode = 2;
+  gMusicBuffers = {};
 }
 
-OnprRow SoundStoreTest::libraryOnpr(int setId, int instrumentType) const {
-  auto rs = gDbA->openRecordset("ONPR", platform::RecordsetType::Table);
-  rs->setIndex("PrimaryKey");
-  rs->seek("=", {setId, instrumentType});
-  OnprRow row{};
-  for (std::int16_t i = 0; i < kOnprColumns && !rs->noMatch(); ++i) row[i] = fGetSPCFactor(*rs, i);
-  return row;
+void sPlayOnePhrase(const std::string& notes, const std::string& durations) {
+  gPlaySet = {};
+  gPlaySet.Count = gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = 1;
+  gPlaySet.NotePhrases = {notes};
+  gPlaySet.DurPhrases = gPlaySet.BaseDurPhrases = {durations};
+}
+
+double fWaveLengthMs(const fs::path& path) {
+  return fs::exists(path) ? tonvex_test::readSamples(path.string()).size() / 44.1 : -1.0;
 }
 
 double fMeasureRenderedNoteHz(int noteId, double expectedHz, const fs::path& wavFile) {
-  char token[8];
-  std::snprintf(token, sizeof token, "%02d", noteId);
-  if (FWavGenerateMusicFile(1, token, "1500", wavFile.string(), 0, 0.2, 1, 1000, 60, 80, 50) !=
-      1)
+  const std::string token = (noteId < 10 ? "0" : "") + std::to_string(noteId);
+  if (FWavGenerateMusicFile(1, token, "1000", wavFile.string(), 0, 0.2, 1, 1000, 60, 80, 50) != 1)
     return 0.0;
-  const std::vector<std::int16_t> x = readWaveSamples(wavFile);
-  // Compare the waveform with itself 16 periods later over the steady
-  // middle: the best lag within 1 % of 16 expected periods, refined by a
-  // parabola, divided by 16, gives the period to a small fraction of a cent.
-  constexpr int kPeriods = 16;
-  const double expectedLag = kPeriods * tonvex::kSampleRate / expectedHz;
-  const std::size_t start = tonvex::kSampleRate / 4, span = tonvex::kSampleRate / 2;
-  const auto lo = std::size_t(expectedLag * 0.99), hi = std::size_t(expectedLag * 1.01) + 1;
-  if (x.size() < start + span + hi + 1) return 0.0;
-  std::size_t best = lo;
-  double bestValue = correlation(x, start, span, lo);
-  for (std::size_t lag = lo + 1; lag <= hi; ++lag) {
-    const double value = correlation(x, start, span, lag);
-    if (value > bestValue) bestValue = value, best = lag;
-  }
-  const double left = correlation(x, start, span, best - 1);
-  const double right = correlation(x, start, span, best + 1);
-  const double offset = 0.5 * (left - right) / (left - 2.0 * bestValue + right);
-  return tonvex::kSampleRate * kPeriods / (double(best) + offset);
+  using tonvex_test::at;
+  return tonvex_test::measureHz(tonvex_test::readSamples(wavFile.string()), at(200), at(900),
+                                expectedHz);
 }
 
-double fCents(double aHz, double bHz) { return 1200.0 * std::log2(aHz / bHz); }
+double fCents(double aHz, double bHz) { return tonvex_test::centsBetween(aHz, bHz); }
+
+namespace playbackstage {
+
+namespace {
+
+platform::Screen* gStageForm = nullptr;
+
+// The chain's file builder on the stage: a silent file as long as the
+// buffer's notes, recording when it was built.
+std::int16_t buildSilentPhraseFile(std::int16_t buffer) {
+  if (buffer == stage().failBuildOfBuffer) return 0;
+  const MusicBuffer& b = gMusicBuffers[static_cast<std::size_t>(buffer)];
+  const long count = std::min<long>(b.Count, static_cast<long>(b.DurationsMs.size()));
+  const long lengthMs = std::accumulate(b.DurationsMs.begin(), b.DurationsMs.begin() + count, 0L);
+  const bool playing = gCurrForm != nullptr && gCurrForm->hasControl("cMM") &&
+                       gCurrForm->control("cMM").device().mode() == platform::kModePlaying;
+  stage().builds.push_back({buffer, playing});
+  const std::vector<std::int16_t> silence(std::size_t(std::max(1L, lengthMs * 441 / 10)), 0);
+  return tonvex::writeWavFile(gWavFiles[static_cast<std::size_t>(buffer)], silence) ? 1 : 0;
+}
+
+// What the screen's controller does with note tracking (18) and, on a
+// looping screen, with the end of a run: start the item again.
+void stageController(std::int16_t event) {
+  if (event == 18) return sTrackPlayingNote(*gCurrForm, gDelayMO);
+  stage().events.push_back(event);
+  if (event != kEventRangeEnded || !gLooping) return;
+  gPlaySet.Position = gPlaySet.FirstPhrase;
+  const std::int16_t buffer = fBufferForPhrase(gPlaySet.Position);
+  gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
+  buildSilentPhraseFile(buffer);
+  fPlayMusicPhrases(*gCurrForm);
+}
+
+void setUpOnce() {
+  if (gStageForm != nullptr) return;
+  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
+  static int argc = 1;
+  static char name[] = "playback_test";
+  static char* argv[] = {name, nullptr};
+  new QApplication(argc, argv);
+  auto* windows = new platform::QtWindowSystem(NADAVIK_SCREENS_DIR);
+  windows->setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
+  windows->setAudioDeviceFactory(
+      [] { return platform::createSilentAudioDevice(stage().clock, stage().clock); });
+  windows->setMessageBoxResponder([](const std::string& text, int, const std::string&) {
+    stage().messages.push_back(text);
+    return platform::kAnswerOk;
+  });
+  platform::setWindowSystem(windows);
+
+  static const auto folder =
+      std::filesystem::temp_directory_path() / ("nadavik-playback-" + std::to_string(::getpid()));
+  std::filesystem::create_directories(folder);
+  std::atexit([] {
+    std::error_code ignored;
+    std::filesystem::remove_all(folder, ignored);
+  });
+  gDataPath = folder.string();
+  gErrTraceFile = (folder / "errtrace.txt").string();
+  for (std::size_t i = 0; i < 3; ++i) gWavFiles[i] = (folder / std::string(1, char('A' + i))).string() + ".wav";
+
+  sInitScales();
+  sInitReedColorType();
+  sInitReedsDisplayedData();
+  gPlayScreenProcedures.owners[kContextMainOperations] = stageController;
+  gPlayScreenProcedures.displayPrompt = [] {
+    stage().opened.push_back(std::filesystem::path(gCurrMusicFile).filename().string());
+  };
+  gBuildPhraseFile = buildSilentPhraseFile;
+  platform::Screen& form = windows->screen("MainOperations");
+  form.load();
+  form.setWidth(1366);
+  form.setHeight(768);
+  form.on("cMM", platform::EventKind::Done, [](const platform::Event& e) {
+    gNotifyCode = static_cast<std::int16_t>(e.notifyCode);
+    sPlayMusicFile(gCurrMusicFile);
+  });
+  form.on("cMM", platform::EventKind::Status, [](const platform::Event&) { stageController(18); });
+  gStageForm = &form;
+}
+
+}  // namespace
+
+Stage& stage() {
+  static Stage s;
+  return s;
+}
+
+platform::Screen& reset() {
+  setUpOnce();
+  // Let anything still owed by the device arrive before the records clear.
+  gCallbackContext = kContextNone;
+  stage().clock.advance(60000);
+  platform::Screen& form = *gStageForm;
+  gCurrForm = &form;
+  gCurrFormId = kFormMainOperations;
+  gFormH = 768;
+  gCurrTonicNoteId = 3;
+  gNotationScript = 2;
+  gGraceNotes = 1;
+  gDelayMO = 0;
+  gLooping = false;
+  gBufferRotation = true;
+  gPrefetchMode = kPrefetchNext;
+  gCurrItemType = gCurrPhraseKind = 3;
+  gCurrMode = 1;
+  gCallbackContext = kContextMainOperations;
+  gFileOpened = 0;
+  sDisplayKeyboardAlt(form, 1);
+  sUpdateReedLabelsAlt(form);
+  form.control("cCurrentItem").setText("");
+  Stage& s = stage();
+  s.events.clear();
+  s.builds.clear();
+  s.messages.clear();
+  s.opened.clear();
+  s.failBuildOfBuffer = -1;
+  return form;
+}
+
+void preparePlaySet(const std::vector<std::pair<std::string, std::string>>& phrases,
+                    std::int16_t first, std::int16_t last) {
+  gPlaySet = PhraseSet{};
+  for (const auto& [notes, durations] : phrases) {
+    gPlaySet.NotePhrases.push_back(notes);
+    gPlaySet.DurPhrases.push_back(durations);
+    gPlaySet.BaseDurPhrases.push_back(durations);
+  }
+  gPlaySet.Count = static_cast<std::int16_t>(phrases.size());
+  gPlaySet.Position = gPlaySet.FirstPhrase = first;
+  gPlaySet.LastPhrase = last < 0 ? gPlaySet.Count : last;
+  const std::int16_t buffer = fBufferForPhrase(first);
+  gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
+  buildSilentPhraseFile(buffer);
+  stage().builds.clear();
+}
+
+bool startChain() { return fPlayMusicPhrases(*gCurrForm); }
+
+void advance(long ms) { stage().clock.advance(ms); }
+
+std::vector<std::pair<int, int>> markedReeds(platform::Screen& form) {
+  std::vector<std::pair<int, int>> marked;
+  for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
+    if (form.hasControl("cL", n) && form.control("cL", n).backColor() != fReedDefaultColor(n))
+      marked.emplace_back(n, form.control("cL", n).backColor());
+  return marked;
+}
+
+}  // namespace playbackstage

@@ -1,7 +1,10 @@
-// What the sound tests share: a copy of the built library store and a fresh
-// user store holding the user music set 13, opened as gDbA and gDbB; the
-// session's sound defaults; a recording window system for message boxes;
-// and pitch measurement of notes rendered by the synthesis library.
+// What the sound tests (and the keyboard's) share. On the stores: a copy of
+// the built library store and a fresh user store holding the user music set
+// 13, opened as gDbA and gDbB; the session's sound defaults; a recording
+// window system for message boxes; the music buffer set-up with the
+// synthesis library started; and the pitch and length of rendered files,
+// measured by the tonvex tests' measurements. On the screen: the stage of
+// the playing chain below.
 #pragma once
 
 #include <gtest/gtest.h>
@@ -10,6 +13,8 @@
 #include <string>
 #include <vector>
 
+#include "platform/clock.h"
+#include "platform/screen.h"
 #include "recording_window_system.h"
 #include "sound/tuning_math.h"
 
@@ -18,6 +23,8 @@
 constexpr int kUserSetId = 13;
 constexpr int kUserSetTonic = 7;
 constexpr float kUserMainBase = 0.5f;
+
+using Messages = std::vector<std::string>;
 
 class SoundStoreTest : public ::testing::Test {
  public:
@@ -28,11 +35,7 @@ class SoundStoreTest : public ::testing::Test {
   void resetLibraryStore();
   // The texts of the message boxes shown so far; fails the test when one was
   // not an information box titled "Message".
-  std::vector<std::string> messageTexts() const;
-  // Recorded SPC (SamPerCyc + Fractional Value) of a note of a set.
-  double recordedSpc(const std::string& setName, int noteId) const;
-  // The stored "ONPR" columns of a built-in set.
-  OnprRow libraryOnpr(int setId, int instrumentType) const;
+  Messages messageTexts() const;
   std::filesystem::path file(const std::string& name) const { return dir_ / name; }
 
  protected:
@@ -43,11 +46,78 @@ class SoundStoreTest : public ::testing::Test {
   RecordingWindowSystem windows_;
 };
 
+// The stores with the synthesis library started (seeds, drone and tabla
+// kit), wave files A, B and C in the test's folder, and the session of a
+// stored raga phrase in Demo in English.
+class MusicFileTest : public SoundStoreTest {
+ protected:
+  void SetUp() override;
+};
+
+// gPlaySet holds the one phrase, with the cursor on it.
+void sPlayOnePhrase(const std::string& notes, const std::string& durations);
+
+// Play length in milliseconds of a wave file; -1 when it is none.
+double fWaveLengthMs(const std::filesystem::path& path);
+
 // Renders one note of the current instrument set alone (no drone) through
 // the synthesis library and returns its fundamental in Hz, measured over the
-// steady middle of the note; expectedHz picks the period to look for (the
-// measurement finds the true one within 1 % of it). 0 when rendering fails.
+// steady middle of the note near expectedHz. 0 when rendering fails.
 double fMeasureRenderedNoteHz(int noteId, double expectedHz, const std::filesystem::path& wavFile);
 
 // Distance from b to a in cents.
 double fCents(double aHz, double bHz);
+
+// A small stage for the playing chain: the MainOperations screen on the Qt
+// backend (offscreen), its cMM a silent audio device on a virtual clock, a
+// test controller registered for the screen that records the events it
+// receives and does what the screen's controller does with 18 (note
+// tracking), the end of a looping run and the done notification.
+//
+// The stage's builder, installed as the chain's gBuildPhraseFile, writes a
+// silent wave file as long as the buffer's notes into gWavFiles[buffer] and
+// records each build with whether a file was sounding then, so that tests
+// can see the next phrase being built while one plays.
+//
+// State: one QApplication, window system and virtual clock for the whole
+// test process; the records below, cleared by reset().
+namespace playbackstage {
+
+struct Build {
+  std::int16_t buffer;
+  bool whilePlaying;
+};
+
+struct Stage {
+  platform::VirtualClock clock;
+  std::vector<std::int16_t> events;   // controller events other than 18
+  std::vector<Build> builds;
+  std::vector<std::string> messages;  // message box texts
+  std::vector<std::string> opened;    // files opened on cMM, in order
+  int failBuildOfBuffer = -1;         // a build of this buffer fails
+};
+
+Stage& stage();
+
+// Sets the process up once, then makes MainOperations current with its
+// keyboard loaded and laid out at tonic 3, English labels, no grace notes,
+// the chain owned by the main operations screen, nothing playing, and all
+// records cleared.
+platform::Screen& reset();
+
+// Fills gPlaySet with phrases (note phrase, duration phrase in hundredths),
+// positions 1 to n, the range first..last, and builds the first phrase's
+// buffer as a set-up does.
+void preparePlaySet(const std::vector<std::pair<std::string, std::string>>& phrases,
+                    std::int16_t first = 1, std::int16_t last = -1);
+
+// Starts the chain as a Play click does.
+bool startChain();
+
+// Advances the virtual clock by ms, delivering the device's notifications.
+void advance(long ms);
+
+// Colours of labels cL(first..last) that are not their reed's default.
+std::vector<std::pair<int, int>> markedReeds(platform::Screen& form);
+
+}  // namespace playbackstage

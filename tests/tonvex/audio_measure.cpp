@@ -1,11 +1,10 @@
-// Audio measurements for the tonvex tests. Stateless.
+// Audio measurements for the tonvex and sound tests. Stateless.
 #include "audio_measure.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
 
 #include <cmath>
-#include <filesystem>
 #include <numbers>
 
 #include "wav_file.h"
@@ -13,9 +12,8 @@
 namespace tonvex_test {
 
 std::vector<float> readSamples(const std::string& path) {
-  const auto samples = tonvex::readWavFile(path);
   std::vector<float> out;
-  if (samples)
+  if (const auto samples = tonvex::readWavFile(path))
     for (int16_t s : *samples) out.push_back(s / 32767.0f);
   return out;
 }
@@ -32,21 +30,12 @@ double correlation(const std::vector<float>& x, size_t from, size_t length, size
   return xx > 0 && yy > 0 ? xy / std::sqrt(xx * yy) : 0.0;
 }
 
-}  // namespace
-
-namespace {
-
 // The lag of best correlation in [lo, hi], refined by a parabola.
 double bestLag(const std::vector<float>& x, size_t from, size_t length, size_t lo, size_t hi) {
   size_t best = lo;
   double bestValue = -2.0;
-  for (size_t lag = lo; lag <= hi; ++lag) {
-    const double c = correlation(x, from, length, lag);
-    if (c > bestValue) {
-      bestValue = c;
-      best = lag;
-    }
-  }
+  for (size_t lag = lo; lag <= hi; ++lag)
+    if (const double c = correlation(x, from, length, lag); c > bestValue) bestValue = c, best = lag;
   const double left = correlation(x, from, length, best - 1);
   const double right = correlation(x, from, length, best + 1);
   return double(best) + 0.5 * (left - right) / (left - 2 * bestValue + right);
@@ -55,6 +44,7 @@ double bestLag(const std::vector<float>& x, size_t from, size_t length, size_t l
 }  // namespace
 
 double measureHz(const std::vector<float>& x, size_t from, size_t to, double expectedHz) {
+  if (to > x.size() || to <= from) return 0.0;
   const size_t length = (to - from) / 2;
   const double expected = 44100.0 / expectedHz;
   // One period first, within 3 %; then many periods, within 0.4 of a period.
@@ -82,16 +72,14 @@ double maxStep(const std::vector<float>& x, size_t from, size_t to) {
 
 double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to) {
   int crossings = 0;
-  for (size_t n = from + 1; n < to; ++n)
-    if ((x[n - 1] < 0) != (x[n] < 0)) ++crossings;
+  for (size_t n = from + 1; n < to; ++n) crossings += (x[n - 1] < 0) != (x[n] < 0);
   return crossings * 44100.0 / double(to - from);
 }
 
 double magnitudeAt(const std::vector<float>& x, size_t from, size_t to, double hz) {
-  const double w = 2.0 * std::numbers::pi * hz / 44100.0;
-  const double coeff = 2.0 * std::cos(w);
-  double s1 = 0, s2 = 0;
+  const double coeff = 2.0 * std::cos(2.0 * std::numbers::pi * hz / 44100.0);
   const double length = double(to - from);
+  double s1 = 0, s2 = 0;
   for (size_t n = from; n < to; ++n) {
     const double hann = 0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * double(n - from) / length);
     const double s = x[n] * hann + coeff * s1 - s2;
@@ -111,7 +99,5 @@ std::string scratchFile(const std::string& name) {
   std::filesystem::create_directories(dir);
   return (dir / name).string();
 }
-
-bool fileExists(const std::string& path) { return std::filesystem::exists(path); }
 
 }  // namespace tonvex_test

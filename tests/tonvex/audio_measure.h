@@ -1,9 +1,10 @@
-// Measurements of rendered audio for the tonvex tests: reading a file,
+// Measurements of rendered audio for the tonvex and sound tests: reading a file,
 // pitch by long-lag correlation, RMS, largest step, zero-crossing rate, and a
 // scratch directory for output files. Stateless.
 #pragma once
 
 #include <cstdint>
+#include <filesystem>
 #include <string>
 #include <vector>
 
@@ -34,7 +35,7 @@ double magnitudeAt(const std::vector<float>& x, size_t from, size_t to, double h
 // A fresh directory for this test's files, and a file name in it.
 std::string scratchFile(const std::string& name);
 
-bool fileExists(const std::string& path);
+inline bool fileExists(const std::string& path) { return std::filesystem::exists(path); }
 
 // Sample index of a time in milliseconds.
 inline size_t at(double ms) { return static_cast<size_t>(ms * 44.1); }

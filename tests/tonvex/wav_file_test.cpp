@@ -32,26 +32,19 @@ TEST(PcmTest, RoundsAndClampsAndNanIsSilence) {
   EXPECT_EQ(tonvex::peakOf(std::vector<float>{}), 0.0f);
 }
 
-TEST(WavFileTest, WritesCanonicalHeaderAndReadsBack) {
+// A file is written whole under its name or not at all, and reads back; a
+// truncated, foreign or absent file is not read.
+TEST(WavFileTest, WritesCanonicalHeaderReadsBackAndRefusesBadFiles) {
   const std::string path = scratchFile("a.wav");
   const std::vector<int16_t> samples{0, 1, -1, 32767, -32768, 1234};
   ASSERT_TRUE(tonvex::writeWavFile(path, samples));
   EXPECT_EQ(std::filesystem::file_size(path), 44u + 2 * samples.size());
   EXPECT_FALSE(fileExists(path + ".part"));
   EXPECT_EQ(tonvex::readWavFile(path), samples);
-}
-
-TEST(WavFileTest, FailuresLeaveNoFilesAndBadFilesAreNotRead) {
-  for (const std::string& path : {scratchFile("missing-dir") + "/a.wav", scratchFile("e.wav")}) {
-    const std::vector<int16_t> samples = path.ends_with("e.wav") ? std::vector<int16_t>{}
-                                                                  : std::vector<int16_t>{1, 2};
-    EXPECT_FALSE(tonvex::writeWavFile(path, samples)) << path;
-    EXPECT_FALSE(fileExists(path));
-    EXPECT_FALSE(fileExists(path + ".part"));
-  }
-  const std::string path = scratchFile("b.wav");
-  ASSERT_TRUE(tonvex::writeWavFile(path, std::vector<int16_t>(100, 7)));
-  std::filesystem::resize_file(path, 44 + 150);
+  EXPECT_FALSE(tonvex::writeWavFile(scratchFile("missing-dir") + "/a.wav", samples));
+  EXPECT_FALSE(tonvex::writeWavFile(scratchFile("e.wav"), {}));
+  EXPECT_FALSE(fileExists(scratchFile("e.wav")) || fileExists(scratchFile("e.wav") + ".part"));
+  std::filesystem::resize_file(path, 44 + 6);
   EXPECT_FALSE(tonvex::readWavFile(path));
   std::ofstream(path, std::ios::binary | std::ios::trunc) << "not a wave file at all, honestly";
   EXPECT_FALSE(tonvex::readWavFile(path));

@@ -1,0 +1,330 @@
+// Files the library renders, measured: music (length with fractional
+// durations, loudness by level and drone mix, joins and ends without
+// clicks, the grace note's pitch, the limiter), segments with faded ends,
+// the tanpura drone (whole seamless cycles, loudness, the low Sa string's
+// pitch, the jawari's brightness) and the tabla (kits, the Na stroke's
+// modes, strokes where the theka tokens put them); and bad input that
+// leaves no file. (Pitch of tuned notes and file lengths against the
+// display's times are measured on the built store in sound/.)
+#include <gtest/gtest.h>
+#include <sys/stat.h>
+
+#include <array>
+#include <filesystem>
+#include <cmath>
+#include <fstream>
+#include <sstream>
+
+#include "audio_measure.h"
+#include "pcm.h"
+#include "render_setup.h"
+#include "tabla_kit.h"
+#include "tabla_synth.h"
+#include "tonvex/tonvex.h"
+
+namespace {
+
+using namespace tonvex_test;
+
+constexpr double kSaHz = 138.5913;         // C#3, the middle Sa at tonic 3
+constexpr size_t kCycle = 3200 * 441 / 10;  // samples in one drone cycle of 3200 ms
+
+std::string readText(const std::string& path) {
+  std::ifstream in(path, std::ios::binary);
+  std::stringstream text;
+  text << in.rdbuf();
+  return text.str();
+}
+
+// The library as the application sets it up at tonic 3, with the tabla kit.
+class RenderTest : public ::testing::Test {
+ protected:
+  void SetUp() override { ASSERT_EQ(tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE}), ""); }
+  static int16_t make(int count, const std::string& notes, const std::string& durations, const std::string& out,
+                      int droneMix = 0, double level = 0.2, int synthVolume = 1,
+                      const std::array<int, 4>& envelope = {1000, 60, 80, 50}) {
+    return FWavGenerateMusicFile(count, notes, durations, out, droneMix, level, synthVolume, envelope[0],
+                                 envelope[1], envelope[2], envelope[3]);
+  }
+  static std::vector<float> render(int count, const std::string& notes, const std::string& durations,
+                                   int droneMix = 0, double level = 0.2) {
+    const std::string path = scratchFile("m.wav");
+    EXPECT_EQ(make(count, notes, durations, path, droneMix, level), 1);
+    return readSamples(path);
+  }
+  // One Sa per duration with the theka at beatMs a beat; no file on failure.
+  static std::vector<float> renderTheka(const std::string& durations, const std::string& theka, int beatMs,
+                                        int16_t expected = 1) {
+    std::istringstream in(durations);
+    std::string notes;
+    int count = 0;
+    for (std::string w; in >> w; ++count) notes += "12 ";
+    const std::string path = scratchFile("t.wav");
+    EXPECT_EQ(FWavGenerateMusicFile1(count, notes, durations, 1, 16, theka, 4, beatMs, path, 0, 0.0, 1, 1000,
+                                     60, 80, 50), expected) << theka;
+    if (expected == 0) { EXPECT_FALSE(fileExists(path)) << theka; }
+    return readSamples(path);
+  }
+  static std::vector<float> droneFile(int cycles, int mode) {
+    const std::string path = scratchFile("d.wav");
+    EXPECT_EQ(FWavGenerateDroneFile(cycles, path, mode), 1);
+    return readSamples(path);
+  }
+};
+
+TEST_F(RenderTest, LengthAndLoudnessFollowDurationsLevelAndDroneMix) {
+  const auto normal = render(3, "12 1416  14", "333.3 333.3 333.4", 0, 0.2);
+  EXPECT_NEAR(normal.size() / 44.1, 1000.0, 1.0);
+  const double normalRms = rms(normal, at(100), at(900));
+  EXPECT_GT(normalRms, 0.05);
+  EXPECT_LT(normalRms, 0.4);
+  const auto loud = render(3, "12 1416  14", "333.3 333.3 333.4", 0, 1.0);
+  EXPECT_NEAR(rms(loud, at(100), at(900)) / normalRms, 1.5, 0.05);
+  // At level 0 only the drone sounds: none, Demo's (1) or Practice's (2).
+  const auto plain = render(1, "12", "3200", 0, 0.0);
+  const auto demo = render(1, "12", "3200", 1, 0.0);
+  const auto practice = render(1, "12", "3200", 2, 0.0);
+  EXPECT_EQ(rms(plain, 0, plain.size()), 0.0);
+  EXPECT_NEAR(rms(practice, 0, practice.size()) / rms(demo, 0, demo.size()), 1.6, 0.01);
+}
+
+TEST_F(RenderTest, JoinsAndEndsDoNotClickAndTheGraceNoteLeadsIn) {
+  const auto x = render(10, "12 14 16 17 2419 21 23 24 0924 12", "300 300 300 300 300 300 300 300 300 300", 1);
+  double sustainStep = 0;
+  for (int i = 0; i < 10; ++i) sustainStep = std::max(sustainStep, maxStep(x, at(300 * i + 120), at(300 * i + 280)));
+  for (int i = 1; i < 10; ++i)
+    EXPECT_LE(maxStep(x, at(300 * i - 15), at(300 * i + 15)), 1.5 * sustainStep) << "join " << i;
+  EXPECT_LT(std::fabs(x.front()), 0.002);
+  EXPECT_LT(std::fabs(x.back()), 0.01);
+  const auto grace = render(1, "2412", "600");
+  EXPECT_NEAR(centsBetween(measureHz(grace, at(5), at(60), 2 * kSaHz), 2 * kSaHz), 0.0, 5.0);
+  EXPECT_NEAR(centsBetween(measureHz(grace, at(200), at(580), kSaHz), kSaHz), 0.0, 2.0);
+}
+
+TEST_F(RenderTest, LoudestMixIsLimitedBelowFullScale) {
+  const std::string path = scratchFile("loud.wav");
+  ASSERT_EQ(make(3, "02 0714 12", "1000 1000 1000", path, 2, 1.0, 4), 1);
+  double peak = 0;
+  for (float s : readSamples(path)) peak = std::max(peak, double(std::fabs(s)));
+  EXPECT_LE(peak, 0.971);
+  EXPECT_GT(peak, 0.9);
+}
+
+// Seen in the field: run as root, "-o /dev/full" put a wave file in the
+// device's place. A pipe stands in for the device here.
+TEST_F(RenderTest, AnOutputThatIsNotARegularFileIsNeverReplaced) {
+  const std::string pipe = scratchFile("pipe.wav");
+  std::filesystem::remove(pipe);
+  ASSERT_EQ(mkfifo(pipe.c_str(), 0600), 0);
+  EXPECT_EQ(make(1, "12", "100", pipe), 0);
+  EXPECT_TRUE(std::filesystem::is_fifo(pipe));
+  EXPECT_FALSE(std::filesystem::exists(pipe + ".part"));
+  std::filesystem::remove(pipe);
+}
+
+TEST_F(RenderTest, BadMusicInputFailsAndLeavesNoFile) {
+  const struct { const char* what; int count; const char *notes, *durations; int droneMix = 0; double level = 0.2;
+                 int synthVolume = 1; std::array<int, 4> envelope = {1000, 60, 80, 50}; } calls[] = {
+      {"count above tokens", 3, "12 14", "100 100 100"},  {"zero duration", 2, "12 14", "100 0"},
+      {"absurd duration", 1, "12", "70000"},               {"no notes", 0, "", ""},
+      {"absurd total", 11, "12 12 12 12 12 12 12 12 12 12 12",
+       "60000 60000 60000 60000 60000 60000 60000 60000 60000 60000 60000"},
+      {"drone mix 3", 1, "12", "100", 3},                  {"level above 1", 1, "12", "100", 0, 1.5},
+      {"synth volume 0", 1, "12", "100", 0, 0.2, 0},       {"peak 0", 1, "12", "100", 0, 0.2, 1, {0, 60, 80, 50}},
+      {"negative release", 1, "12", "100", 0, 0.2, 1, {1000, 60, 80, -1}}};
+  const std::string path = scratchFile("bad.wav");
+  for (const auto& c : calls) {
+    EXPECT_EQ(make(c.count, c.notes, c.durations, path, c.droneMix, c.level, c.synthVolume, c.envelope), 0)
+        << c.what;
+    EXPECT_FALSE(fileExists(path) || fileExists(path + ".part")) << c.what;
+  }
+  ASSERT_EQ(FWavSetGlobalVariables("ce"), 1);  // forgets the seeds and the drone
+  ASSERT_EQ(FWavSetCurrInstr("c"), 1);
+  EXPECT_EQ(make(1, "12", "100", path), 0);
+  EXPECT_EQ(make(1, "12", "100", path, 1), 0);
+  EXPECT_FALSE(fileExists(path));
+}
+
+TEST_F(RenderTest, SegmentsCopyTheStretchWithFadedEndsAndRefuseBadRequests) {
+  const std::string source = scratchFile("source.wav"), out = scratchFile("seg.wav");
+  ASSERT_EQ(make(3, "12 16 19", "1000 1000 1000", source, 1), 1);
+  ASSERT_EQ(FWavCreateSegmentFile(source, 1000, 1500, out, 2, 0.2), 1);
+  const auto whole = readSamples(source), part = readSamples(out);
+  ASSERT_EQ(part.size(), at(1500));
+  EXPECT_EQ(part.front(), 0.0f);
+  EXPECT_EQ(part.back(), 0.0f);
+  for (size_t n = 300; n < part.size() - 300; n += 1001) EXPECT_EQ(part[n], whole[at(1000) + n]);
+  ASSERT_EQ(FWavCreateSegmentFile(source, 2000, 1001, out, 2, 0.2), 1);
+  EXPECT_EQ(readSamples(out).size(), at(1000)) << "up to 1 ms past the end is trimmed";
+  const struct { const char* what; std::string from; int startMs, lengthMs, droneMix; double level; } bad[] = {
+      {"missing source", scratchFile("absent.wav"), 0, 100, 2, 0.2}, {"beyond the end", source, 2500, 600, 2, 0.2},
+      {"zero length", source, 0, 0, 2, 0.2},                          {"level", source, 0, 100, 2, 3.0}};
+  for (const auto& c : bad) {
+    const std::string file = scratchFile("bad-seg.wav");
+    EXPECT_EQ(FWavCreateSegmentFile(c.from, c.startMs, c.lengthMs, file, c.droneMix, c.level), 0) << c.what;
+    EXPECT_FALSE(fileExists(file)) << c.what;
+  }
+}
+
+TEST_F(RenderTest, BadDroneArgumentsFailAndLeaveNoFile) {
+  const std::string path = scratchFile("d.wav");
+  const struct { const char* what; int got, expected; } calls[] = {
+      {"factor 2", FWavLoadDroneData("", 24, 1, "e", 2.0, 1), 0},
+      {"mode 3", FWavLoadDroneData("", 24, 1, "e", 1.0, 3), 0},
+      {"unknown set", FWavLoadDroneData("", 24, 1, "x", 1.0, 1), 0},
+      {"factor a rounding above 1.5", FWavLoadDroneData("", 24, 1, "e", 1.5000000000000004, 1), 1},
+      {"the data-path mode", FWavLoadDroneData("", 12, 1, "e", 1.0, 2), 1},
+      {"no cycles", FWavGenerateDroneFile(0, path, 1), 0},
+      {"free the drone's seeds", FWavFreeNoteSeedsMemory("e"), 1},
+      {"seeds gone", FWavLoadDroneData("", 24, 1, "e", 1.0, 1), 0},
+      {"forget the drone", FWavSetGlobalVariables("ce"), 1},
+      {"no drone prepared", FWavGenerateDroneFile(2, path, 1), 0},
+  };
+  for (const auto& c : calls) EXPECT_EQ(c.got, c.expected) << c.what;
+  EXPECT_FALSE(fileExists(path));
+}
+
+TEST_F(RenderTest, DroneFileHoldsWholeCyclesLoopsSeamlesslyAndFollowsTheFactor) {
+  const auto x = droneFile(2, 2);
+  ASSERT_EQ(x.size(), 2 * kCycle);
+  for (size_t n = 500; n < kCycle; n += 997) EXPECT_EQ(x[n], x[n + kCycle]);
+  EXPECT_LE(std::fabs(x[kCycle] - x[kCycle - 1]), maxStep(x, 1000, kCycle - 1000));
+  const auto greeting = droneFile(2, 1);
+  EXPECT_LT(std::fabs(greeting.back()), 0.001);
+  EXPECT_EQ(greeting.front(), 0.0f);
+  ASSERT_EQ(FWavLoadDroneData("", 24, 1, "e", 0.5, 1), 1);
+  const auto soft = droneFile(1, 2);
+  EXPECT_NEAR(rms(soft, 0, kCycle) / rms(x, 0, kCycle), 0.5, 0.01);
+}
+
+// The low Sa string, plucked at 2133 ms, sounds an octave below the middle
+// Sa and follows a retuning of the drone set; the Pa string alone sounds
+// over the start of the cycle (with old tails), its brightness falling.
+TEST_F(RenderTest, TheLowSaStringSoundsAnOctaveBelowSaAndFollowsATuning) {
+  const double lowSaHz = kSaHz / 2;
+  const auto before = droneFile(1, 2);
+  EXPECT_NEAR(centsBetween(measureHz(before, at(2300), at(3150), lowSaHz), lowSaHz), 0.0, 5.0);
+  EXPECT_GT(zeroCrossingRate(before, at(20), at(120)), zeroCrossingRate(before, at(900), at(1000)));
+  ASSERT_EQ(FWavTuneNote("e", 12, -40.0), 1);  // about a semitone up
+  ASSERT_EQ(FWavLoadDroneData("", 24, 1, "e", 1.0, 1), 1);
+  const auto after = droneFile(1, 2);
+  EXPECT_GT(centsBetween(measureHz(after, at(2300), at(3150), lowSaHz * 1.06), lowSaHz), 90.0);
+}
+
+TEST_F(RenderTest, DamagedOrMissingKitFilesFail) {
+  const std::string good = readText(TONVEX_KIT_FILE), path = scratchFile("kit.nvy");
+  std::string altered = good;
+  altered[good.size() / 2] ^= 1;
+  for (const std::string& text : {altered, good.substr(0, good.size() - 5), std::string()}) {
+    std::ofstream(path, std::ios::binary | std::ios::trunc) << text;
+    EXPECT_EQ(FWavLoadThekaData(path, 4), 0);
+  }
+  EXPECT_EQ(FWavLoadThekaData(scratchFile("absent.nvy"), 4), 0);
+  EXPECT_EQ(FWavLoadThekaData(TONVEX_KIT_FILE, 0), 0);
+  std::ofstream(path, std::ios::binary | std::ios::trunc) << good;
+  EXPECT_EQ(FWavLoadThekaData(path, 4), 1);
+}
+
+TEST(TablaKitTest, BothKitFilesAreSealedAndComplete) {
+  for (const char* path : {TONVEX_KIT_FILE, TONVEX_PA_KIT_FILE}) {
+    const std::string file = readText(path);
+    const auto body = tonvex::unsealKitText(file);  // a view into the file
+    ASSERT_TRUE(body) << path;
+    std::string error;
+    const auto kit = tonvex::parseKitText(*body, error);
+    ASSERT_TRUE(kit) << path << ": " << error;
+    EXPECT_EQ(kit->bols.size(), 20u);
+    EXPECT_EQ(kit->bols[15].hits.size(), 4u) << "Tirakita";
+    EXPECT_DOUBLE_EQ(kit->dayanRatio, path == std::string(TONVEX_KIT_FILE) ? 2.0 : 1.5);
+  }
+}
+
+TEST(TablaKitTest, SourceErrorsNameTheProblem) {
+  const std::string source = readText(TONVEX_KIT_SOURCE);
+  std::string error;
+  ASSERT_TRUE(tonvex::parseKitText(source, error)) << error;
+  struct Breakage {
+    std::string from, to;
+    const char* told;  // a part of the error
+  };
+  const Breakage breakages[] = {
+      {"bol 20 Dhet Te@0 Ge@0\n", "", "bol 20 is not defined"},
+      {"bol 5 Na Na@0", "bol 5 Na Nope@0", "cannot read"},
+      {"mode 1.0 1.0 350 0.8", "mode 1.0 1.0 -350 0.8", "mode decay ms -350 is out of range"},
+      {"dayan 2.0", "dayan two", "cannot read"},
+      {"tonvex-kit 1", "tonvex-kit 2", "line 7"},
+      // Seen in the field: numbers that overflowed a stroke's length or its
+      // samples.
+      {"click 3 0.35 5000", "click 4.4e63 0.25 4000",
+       "click ms 4.4e+63 is out of range (0.1 to 1200) in \"click 4.4e63"},
+      {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8",
+       "mode amplitude 7.7e+100 is out of range"},
+      {"bayan 0.6", "bayan 0", "bayan ratio 0 is out of range"},
+      {"bol 5 Na Na@0", "bol 5 Na Na@0*1e9", "hit gain 1e+09 is out of range"},
+  };
+  for (const auto& [from, to, told] : breakages) {
+    std::string broken = source;
+    broken.replace(broken.find(from), from.size(), to);
+    EXPECT_FALSE(tonvex::parseKitText(broken, error)) << to;
+    EXPECT_NE(error.find(told), std::string::npos) << to << " -> " << error;
+  }
+}
+
+// A voice made in code, not read from a kit, with the numbers that once gave
+// a float overflow and NaN strokes: it is clamped to the kit's ranges.
+TEST(TablaKitTest, AVoiceOutsideTheKitRangesIsClampedNotOverflowed) {
+  tonvex::KitVoice voice;
+  voice.modes = {{1.0, 7.7e100, 350, 0.8}, {2.0, 0.5, 1e300, 0}};
+  voice.clickMs = 4.4e63;
+  voice.clickAmplitude = 0.25;
+  voice.clickLowpassHz = 4000;
+  const auto stroke = tonvex::renderKitVoice(voice, 200.0);
+  EXPECT_LE(stroke.size(), size_t(tonvex::kMaxStrokeMs) * tonvex::kSampleRate / 1000 + 1);
+  for (float s : stroke) ASSERT_TRUE(std::isfinite(s));
+  EXPECT_GT(tonvex::peakOf(stroke), 1.0f);  // a loud stroke, not silence
+}
+
+TEST(TablaKitTest, NaRingsOnTheHarmonicsOfTheDayan) {
+  std::string error;
+  const auto kit = tonvex::parseKitText(readText(TONVEX_KIT_SOURCE), error);
+  ASSERT_TRUE(kit);
+  const double dayanHz = kSaHz * kit->dayanRatio;
+  const auto na = tonvex::renderKitVoices(*kit, kSaHz)[0];  // the kit's first voice is Na
+  for (int k = 1; k <= 5; ++k) {
+    double bestHz = 0, best = 0;
+    for (double hz = k * dayanHz * 0.97; hz <= k * dayanHz * 1.03; hz += 0.2)
+      if (const double m = magnitudeAt(na, 0, at(500), hz); m > best) best = m, bestHz = hz;
+    EXPECT_NEAR(centsBetween(bestHz, k * dayanHz), 0.0, k == 1 ? 5.0 : 17.0) << "harmonic " << k;
+  }
+}
+
+// The first stroke half a beat into the second note; Tirakita's four
+// strokes in one beat; every bol sounds.
+TEST_F(RenderTest, StrokesFallWhereTheTokensSay) {
+  const auto x = renderTheka("1000 1000", "0 1/5/0.5", 500);
+  size_t onset = 0;
+  while (onset < x.size() && std::fabs(x[onset]) < 1e-3) ++onset;
+  EXPECT_NEAR(onset / 44.1, 1250.0, 2.0);
+  const auto t = renderTheka("2000", "1/16/0", 800);
+  EXPECT_GT(rms(t, at(1), at(20)), 0.01);
+  for (double ms : {200.0, 400.0, 600.0})
+    EXPECT_GT(rms(t, at(ms + 1), at(ms + 20)), 10 * rms(t, at(ms - 15), at(ms - 1))) << ms;
+  for (int bol = 1; bol <= 20; ++bol)
+    EXPECT_GT(rms(renderTheka("1000", "1/" + std::to_string(bol) + "/0", 600), 0, at(300)), 0.005) << "bol " << bol;
+}
+
+TEST_F(RenderTest, BadThekaInputFailsAndLeavesNoFile) {
+  const std::pair<const char*, int> cases[] = {{"0", 500},        // too few tokens
+                                               {"0 1/21/0", 500}, // bol 21
+                                               {"0 1/5", 500},    // malformed
+                                               {"0 0", 0},        // beat of 0 ms
+                                               {"0 0", 20000}};   // absurd beat
+  for (const auto& [theka, beatMs] : cases) renderTheka("500 500", theka, beatMs, 0);
+  const std::string path = scratchFile("bad.wav");
+  EXPECT_EQ(FWavGenerateMusicFile1(1, "12", "500", 5, 4, "0", 4, 500, path, 0, 0.2, 1, 1000, 60, 80, 50), 0)
+      << "start beat after the cycle";
+  ASSERT_EQ(FWavSetGlobalVariables("ce"), 1);  // no kit loaded any more
+  renderTheka("500", "0", 500, 0);
+}
+
+}  // namespace
