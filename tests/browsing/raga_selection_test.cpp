@@ -62,7 +62,9 @@ class RagaSelection : public ::testing::Test {
     return static_cast<int>(std::find(names.begin(), names.end(), raga) - names.begin());
   }
   // The grid holds the ragas of groups 1 to 3 ordered by the mode's column
-  // (vadi and samvadi by the note's place in the octave), then by name.
+  // (vadi and samvadi by the note's place in the octave), then by name. The
+  // time of day (mode 5) runs from dawn round the clock, not by its text:
+  // time_order_test checks that order.
   static void expectSortedBy(int mode) {
     static const std::string kNotes = "S r R g G m M P d D n N S> ";  // vadi, samvadi in octave order
     const int columnOfMode[] = {0, 1, 4, 2, 3, 5};
@@ -72,7 +74,8 @@ class RagaSelection : public ::testing::Test {
       return std::pair{byNote ? std::to_string(100 + kNotes.find(keys[r] + " ")) : keys[r], names[r]};
     };
     ASSERT_EQ(names.size(), 69u);
-    for (std::size_t r = 1; r < names.size(); ++r) EXPECT_LE(key(r - 1), key(r)) << "row " << r;
+    for (std::size_t r = 1; r < names.size() && mode != 5; ++r)
+      EXPECT_LE(key(r - 1), key(r)) << "row " << r;
     EXPECT_EQ(rowOf("Yaman Kalyan"), 69) << "group 4 is left out";
   }
   static Names checkedSortEntries() { return screenharness::checkedEntries(kSortEntries); }
