@@ -97,6 +97,17 @@ extern std::array<double, 19> gSpeedFactors;
 extern std::int16_t gCloseReason;       // 1 Exit button, 2 close box
 extern std::int16_t gTimerPurpose;      // main window cTimer: 1 start, 2 stop
 extern std::int16_t gCallbackContext;   // who receives the end of playback
+
+// Callback contexts: which screen owns the playing chain (gCallbackContext).
+constexpr std::int16_t kContextScaleShifting = 1;
+constexpr std::int16_t kContextComposition = 3;
+constexpr std::int16_t kContextPlaySet = 4;
+constexpr std::int16_t kContextQuiz = 6;
+constexpr std::int16_t kContextWorkbench = 8;
+constexpr std::int16_t kContextSampler = 9;
+constexpr std::int16_t kContextComposer = 11;
+constexpr std::int16_t kContextMainOperations = 12;
+constexpr std::int16_t kContextNone = 13;
 extern std::int16_t gOpeningOk;
 extern float gMaxFormL, gMaxFormT, gMaxFormW, gMaxFormH;
 

@@ -15,10 +15,6 @@ namespace {
 
 // Space between the keyboard and the window's sides.
 constexpr float kSideMarginPx = 2;
-// Callback contexts whose screens keep cNotes beside the keyboard.
-constexpr std::int16_t kContextScaleShifting = 1;
-constexpr std::int16_t kContextWorkbench = 8;
-constexpr std::int16_t kContextSampler = 13;
 
 // The key and label measures at one tonic, in whole pixels.
 struct KeyMeasures {
@@ -146,9 +142,12 @@ void sKeyBoardDisplayOn(platform::Screen& form, std::int16_t show) {
   NV_PROC("sKeyBoardDisplayOn");
   sDisplayKeyboardAlt(form, show);
   sUpdateReedLabelsAlt(form);
+  // The workbench and the scale shifting keep cNotes beside the keyboard,
+  // and so does a screen that owns no chain (context 13), as the keyboard
+  // always has.
   const bool keepsNotes = gCallbackContext == kContextWorkbench ||
                           gCallbackContext == kContextScaleShifting ||
-                          gCallbackContext == kContextSampler;
+                          gCallbackContext == kContextNone;
   if (!keepsNotes && form.hasControl("cNotes")) form.control("cNotes").setVisible(false);
 }
 

@@ -14,20 +14,11 @@
 #include <array>
 #include <cstdint>
 
+#include "core/session.h"
+
 namespace platform {
 class Screen;
 }
-
-// Callback contexts: which screen owns the chain.
-constexpr std::int16_t kContextScaleShifting = 1;
-constexpr std::int16_t kContextComposition = 3;
-constexpr std::int16_t kContextPlaySet = 4;
-constexpr std::int16_t kContextQuiz = 6;
-constexpr std::int16_t kContextWorkbench = 8;
-constexpr std::int16_t kContextSampler = 9;
-constexpr std::int16_t kContextComposer = 11;
-constexpr std::int16_t kContextMainOperations = 12;
-constexpr std::int16_t kContextNone = 13;
 
 // The event a controller receives when the range has played.
 constexpr std::int16_t kEventRangeEnded = 19;
