@@ -194,17 +194,10 @@ std::int16_t buildSilentPhraseFile(std::int16_t buffer) {
   return tonvex::writeWavFile(gWavFiles[static_cast<std::size_t>(buffer)], silence) ? 1 : 0;
 }
 
-// What the screen's controller does with note tracking (18) and, on a
-// looping screen, with the end of a run: start the item again.
+// What the screen's controller does with note tracking (18).
 void stageController(std::int16_t event) {
   if (event == 18) return sTrackPlayingNote(*gCurrForm, gDelayMO);
   stage().events.push_back(event);
-  if (event != kEventRangeEnded || !gLooping) return;
-  gPlaySet.Position = gPlaySet.FirstPhrase;
-  const std::int16_t buffer = fBufferForPhrase(gPlaySet.Position);
-  gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
-  buildSilentPhraseFile(buffer);
-  fPlayMusicPhrases(*gCurrForm);
 }
 
 void setUpOnce() {

@@ -72,7 +72,7 @@ double fCents(double aHz, double bHz);
 // backend (offscreen), its cMM a silent audio device on a virtual clock, a
 // test controller registered for the screen that records the events it
 // receives and does what the screen's controller does with 18 (note
-// tracking), the end of a looping run and the done notification.
+// tracking) and the done notification.
 //
 // The stage's builder, installed as the chain's gBuildPhraseFile, writes a
 // silent wave file as long as the buffer's notes into gWavFiles[buffer] and

@@ -75,7 +75,6 @@ TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
   const std::pair<Words, const char*> cases[] = {
       // Seen in the field: a beat of 0 or less never ended, at 100% CPU.
       {with(tala, {"--beat-ms", "0"}), "--beat-ms takes a whole number from 1 to 10000, not \"0\""},
-      {with(tala, {"--beat-ms", "-700"}), "--beat-ms takes a whole number from 1 to 10000"},
       {with(tala, {"--beat-ms", "700ms"}), "--beat-ms takes"},
       {with(tala, {"--start-beat", "17"}), "--start-beat takes a whole number from 1 to 16"},
       {{"-o", "a.wav", "--notes", "S", "--tala", "teentaal"}, "--tala needs --kit"},
