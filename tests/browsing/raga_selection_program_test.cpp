@@ -16,36 +16,13 @@ using platform::EventKind;
 
 namespace {
 
-class RagaSelectionProgram : public ::testing::Test {
+// Yaman's row of "Raga - Technical Information" with every field but its key
+// Null, as a damaged library may hold it; then the grid entered from the
+// main window.
+class RagaSelectionOnNullRaga : public ::testing::Test {
  protected:
   void SetUp() override {
-    changeLibrary();
-    p_.start();
-    p_.clock().advance(7000);
-    p_.fire("Nadavik", "cTimer", EventKind::Timer);
-    if (gTipSignal == 1) p_.fire("Nadavik", "cOK", EventKind::Click);
-    gSortingMode = 0;
-    p_.fire("Nadavik", "cMnuExpRag", EventKind::Click);
-  }
-  platform::Control& grid() { return p_.screen("RagaSelection1").control("cRagaList"); }
-  // Changes the program folder's library store before the start.
-  virtual void changeLibrary() {}
-  int rowOf(const std::string& raga) {
-    for (int r = 0; r < grid().rows(); ++r)
-      if (grid().textMatrix(r, 0) == raga) return r;
-    return -1;
-  }
-
-  ProgramHarness p_;
-};
-
-// Yaman's row of "Raga - Technical Information" with every field but its key
-// Null, as a damaged library may hold it.
-class RagaSelectionOnNullRaga : public RagaSelectionProgram {
- protected:
-  void changeLibrary() override {
-    auto library = platform::defaultWorkspace().openDatabase(
-        (p_.folder() / "mrA.nvy").string(), true, false, "");
+    auto library = platform::defaultWorkspace().openDatabase((p_.folder() / "mrA.nvy").string(), true, false, "");
     std::string sets;
     auto columns = library->openRecordset(
         "SELECT name FROM pragma_table_info('Raga - Technical Information') WHERE pk = 0;",
@@ -54,10 +31,21 @@ class RagaSelectionOnNullRaga : public RagaSelectionProgram {
       sets += (sets.empty() ? "\"" : ", \"") + columns->fieldAt(0).asText() + "\" = NULL";
     columns->close();
     library->execute("UPDATE \"Raga - Technical Information\" SET " + sets +
-                     " WHERE \"Raga Index\" = (SELECT \"Raga Index\" FROM RagaNameList WHERE "
-                     "Raga = 'Yaman');");
+                     " WHERE \"Raga Index\" = (SELECT \"Raga Index\" FROM RagaNameList WHERE Raga = 'Yaman');");
     library->close();
+    p_.start();
+    p_.finishStartUp();
+    gSortingMode = 0;
+    p_.fire("Nadavik", "cMnuExpRag", EventKind::Click);
   }
+  platform::Control& grid() { return p_.screen("RagaSelection1").control("cRagaList"); }
+  int rowOf(const std::string& raga) {
+    for (int r = 0; r < grid().rows(); ++r)
+      if (grid().textMatrix(r, 0) == raga) return r;
+    return -1;
+  }
+
+  ProgramHarness p_;
 };
 
 TEST_F(RagaSelectionOnNullRaga, ChoosingItGivesOneMessageAndStaysOnTheGrid) {

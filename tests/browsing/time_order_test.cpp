@@ -38,9 +38,7 @@ std::size_t fPlaceInRound(const std::string& time) {
 TEST(RagaTimeOrder, SortByTimeRunsFromDawnRoundTheClock) {
   ProgramHarness program;
   program.start();
-  program.clock().advance(7000);
-  program.fire("Nadavik", "cTimer", EventKind::Timer);
-  if (gTipSignal == 1) program.fire("Nadavik", "cOK", EventKind::Click);
+  program.finishStartUp();
   program.fire("Nadavik", "cMnuExpRag", EventKind::Click);
   program.fire("RagaSelection1", "cMnuAppTim", EventKind::Click);
   platform::Control& grid = program.screen("RagaSelection1").control("cRagaList");

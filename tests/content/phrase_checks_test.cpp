@@ -20,11 +20,8 @@ TEST(NoteWords, LegalWordsFollowTheVocabularyAndTheGracePairRule) {
 }
 
 TEST(NoteWords, IdsRunOverThreeOctaves) {
-  EXPECT_EQ(noteId("S<"), 0);
-  EXPECT_EQ(noteId("S"), 12);
-  EXPECT_EQ(noteId("M"), 18);
-  EXPECT_EQ(noteId("N>"), 35);
-  EXPECT_EQ(noteId("x"), -1);
+  for (const auto& [word, id] : {std::pair{"S<", 0}, {"S", 12}, {"M", 18}, {"N>", 35}, {"x", -1}})
+    EXPECT_EQ(noteId(word), id) << word;
 }
 
 TEST(PhraseChecks, SeparatorsAreAllowedOnlyWhereTheFormHasThem) {

@@ -26,7 +26,6 @@ TEST_F(Vocabulary, TablesHoldThreeOctavesInOrder) {
     EXPECT_EQ(gNoteDev[id], std::string(devanagari[id % 12]) + octaveDev[id / 12]) << id;
     EXPECT_EQ(gNoteFileNo[id], (id < 10 ? "0" : "") + std::to_string(id));
   }
-  EXPECT_EQ(gNoteEng[kMiddleSaId], "S");
   EXPECT_TRUE(gNoteEng[36].empty());
   EXPECT_EQ(gNoteDev[1].size(), 4u);  // "ro\,": the backslash is one literal character
 }

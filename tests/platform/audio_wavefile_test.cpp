@@ -12,13 +12,7 @@ using testing::WaveSpec;
 
 WaveSpec spec(std::uint16_t channels, std::uint32_t rate, std::uint32_t frames, std::uint16_t bits = 16,
               std::uint16_t formatTag = 1) {
-  WaveSpec s;
-  s.channels = channels;
-  s.sampleRate = rate;
-  s.frames = frames;
-  s.bitsPerSample = bits;
-  s.formatTag = formatTag;
-  return s;
+  return {formatTag, channels, rate, bits, frames};
 }
 
 // A file as the synthesis library writes it; length counts frames, not

@@ -1,7 +1,5 @@
 // Controls in the notation font show Unicode Devanagari for the stored
 // key-map words, and what the user types there comes back as key-map words.
-// The test also leaves a picture of a notation box (qt_notation_font.png in
-// the working folder) for a person to look at.
 #include <gtest/gtest.h>
 
 #include <QApplication>
@@ -44,7 +42,6 @@ TEST(NotationFont, ShowsDevanagariForKeymapWordsAndReadsTypedDevanagariAsKeymapW
   EXPECT_EQ(screen.control("cNotation").caption(), phrase);
   auto* label = static_cast<QLabel*>(widget("cNotation"));
   EXPECT_EQ(label->text().toStdString(), fKeymapToUnicode(phrase));
-  EXPECT_NE(label->text().toStdString().find("सा"), std::string::npos);
   EXPECT_EQ(label->font().family().toStdString(), windows.notationFamily());
   screen.control("cEnglish").setCaption("S R G m P");
   EXPECT_EQ(static_cast<QLabel*>(widget("cEnglish"))->text(), "S R G m P");
@@ -55,9 +52,6 @@ TEST(NotationFont, ShowsDevanagariForKeymapWordsAndReadsTypedDevanagariAsKeymapW
   edit->setText("saa ro\\");  // key-map letters typed directly stay as they are
   EXPECT_EQ(screen.control("cEdit").text(), "saa ro\\");
 
-  screen.setWidth(900);
-  screen.setHeight(260);
-  area->window()->grab().save("qt_notation_font.png");
   platform::setWindowSystem(nullptr);
   fs::remove_all(dir);
 }

@@ -36,27 +36,21 @@ void PrintTo(const ScreenSpec& spec, std::ostream* out) { *out << spec.name; }
 
 const ScreenSpec kScreens[] = {
     {"Nadavik", 1,
-     "cExit cOK cShowNext cTip cPrompts Label11 Label4 Label5 Label3 Label1 cTimer cMM cSysInfo "
-     "cMnuMaiOpe cMnuExpRag cMnuTakQui cMnuUseMusSam cMnuOpeWor cMnuInvCom cMnuDefPitShi "
-     "cMnuSupOpe cMnuRevRagGro cMnuTip cMnuShoTip cMnuDonShoTip cMnuHel cMnuPreF1"},
-    {"OpeningScreen", 0, "Picture1 Text1 OKButton CancelButton"},
-    {"ReviewRagas", 3,
-     "cRagaList1 cRagaList2 cRagaList3 cRagaList cReturn Label3 Label4 Label5 Label7 Label8 Label1"},
-    {"RagaInfoSummary", 15,
-     "cRaga cThata cTime Label2 Label4 Label6 Label7 Label8 cSimRagas cCompositions cFilmSongs cReturn"},
-    {"RagaSelection1", 9,
-     "cRagaListT cRagaList cPrompts Label1 cReturn cMnuSorBy cMnuRag cMnuTha cMnuVad cMnuSam "
-     "cMnuJat cMnuAppTim"},
+     "cExit cOK cShowNext cTip cPrompts Label11 Label4 Label5 Label3 Label1 cTimer cMM cMnuMaiOpe cMnuExpRag "
+     "cMnuTakQui cMnuUseMusSam cMnuOpeWor cMnuInvCom cMnuDefPitShi cMnuSupOpe cMnuRevRagGro cMnuTip cMnuShoTip "
+     "cMnuDonShoTip cMnuHel"},
+    {"OpeningScreen", 0, "Picture1 OKButton CancelButton"},
+    {"ReviewRagas", 3, "cRagaList1 cRagaList2 cRagaList3 cRagaList cReturn Label3 Label4 Label5 Label7 Label8 Label1"},
+    {"RagaInfoSummary", 15, "cRaga Label2 Label4 Label6 Label7 Label8 cReturn"},
+    {"RagaSelection1", 9, "cRagaListT cRagaList cPrompts Label1 cReturn cMnuRag cMnuTha cMnuVad cMnuSam cMnuJat cMnuAppTim"},
     {"MainOperations", 28,
-     "cNVIllusList cUserIllusList cScaleList Label1 Label8 Label16 Label17 Frame1 Option1 "
-     "Option2 Option3 cInfo cCurrentItem cPrompts cNotes cSlider Label11 Label12 cStopCur "
-     "Frame2 Option4 Option5 cReturn cMM cLine2 cMnuDro cMnuDroLou cMnuDroSof cMnuGraNot "
-     "cMnuUseGraNot cMnuNoGraNot cMnuKebDis cMnuShoKey cMnuDonShoKey cMnuNotScr cMnuDev cMnuEng "
-     "cMnuRagInf cMnuSyn cMnuSlo cMnuSpe cMnuTonKey cMnuHel cRaga cAroha cAvroha cVadi cSamvadi cPakad "
-     "Label2 Label3 Label4 Label5 Label6 Label7 cMnuW7 cMnuW1 cMnuB1 cMnuW2 cMnuB2 cMnuW3 cMnuW4 "
-     "cMnuB3 cMnuW5 cMnuB4 cMnuW6 cMnuB5 cPlay cStop cStartLoop cStopLoop cL:0 cR:0 cLine1"},
-    {"PlayComposition1", 14,
-     "cReturn cSlider cLine1 cPrompts cComposition cMukhada cRow:0 cBeat:0 cMatra:0 cNote:0 cMM"},
+     "cNVIllusList cUserIllusList cScaleList Label1 Label8 Label16 Label17 Frame1 Option1 Option2 Option3 cInfo "
+     "cCurrentItem cPrompts cNotes cSlider Label11 Label12 cStopCur Frame2 Option4 Option5 cReturn cMM cLine2 cMnuDro "
+     "cMnuDroLou cMnuDroSof cMnuGraNot cMnuUseGraNot cMnuNoGraNot cMnuKebDis cMnuShoKey cMnuDonShoKey cMnuNotScr "
+     "cMnuDev cMnuEng cMnuRagInf cMnuSyn cMnuSlo cMnuSpe cMnuTonKey cMnuHel cRaga cAroha cAvroha cVadi cSamvadi "
+     "cPakad Label2 Label3 Label4 Label5 Label6 Label7 cMnuW7 cMnuW1 cMnuB1 cMnuW2 cMnuB2 cMnuW3 cMnuW4 cMnuB3 "
+     "cMnuW5 cMnuB4 cMnuW6 cMnuB5 cPlay cStop cStartLoop cStopLoop cL:0 cR:0 cLine1"},
+    {"PlayComposition1", 14, "cReturn cSlider cLine1 cPrompts cNote:0 cMM"},
     // The screens whose own behaviour is still to come.
     {"Quiz", 20, ""},
     {"Workshop", 13, ""},

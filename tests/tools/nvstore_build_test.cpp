@@ -77,7 +77,6 @@ TEST_F(NvstoreBuild, BuildsTheStoreFromRecordsAndScreensAndNamesEverySourceInThe
   EXPECT_EQ(scalar("SELECT \"Tala Name\" FROM \"Tala - Technical Information\""), "Dadra");
   EXPECT_EQ(scalar("SELECT Prompt FROM Prompts"), "Listen");
   EXPECT_EQ(scalar("SELECT \"Form Name\" || '/' || \"Form Id\" || '/' || TotalControlCount FROM NVForms"), "Quiz/20/1");
-  EXPECT_EQ(scalar("SELECT LocRatY FROM NVFormControls"), "0.2");
   std::istringstream dep(read("mrA.d"));
   std::string target, word;
   dep >> target;
