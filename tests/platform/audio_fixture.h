@@ -37,29 +37,29 @@ inline void putTag(std::vector<std::uint8_t>& out, const char* tag) {
   for (int i = 0; i < 4; ++i) out.push_back(static_cast<std::uint8_t>(tag[i]));
 }
 
-// The "fmt " chunk of spec, header included.
-inline std::vector<std::uint8_t> formatChunk(const WaveSpec& spec) {
+// The "fmt " chunk of format, header included.
+inline std::vector<std::uint8_t> formatChunk(const WaveSpec& format) {
   std::vector<std::uint8_t> out;
   putTag(out, "fmt ");
   putU32(out, 16);
-  putU16(out, spec.formatTag);
-  putU16(out, spec.channels);
-  putU32(out, spec.sampleRate);
-  const unsigned frameBytes = spec.channels * spec.bitsPerSample / 8u;
-  putU32(out, spec.sampleRate * frameBytes);
+  putU16(out, format.formatTag);
+  putU16(out, format.channels);
+  putU32(out, format.sampleRate);
+  const unsigned frameBytes = format.channels * format.bitsPerSample / 8u;
+  putU32(out, format.sampleRate * frameBytes);
   putU16(out, frameBytes);
-  putU16(out, spec.bitsPerSample);
+  putU16(out, format.bitsPerSample);
   return out;
 }
 
-// The "data" chunk of spec: frames of 16-bit samples, every channel alike.
-inline std::vector<std::uint8_t> dataChunk(const WaveSpec& spec) {
+// The "data" chunk of format: frames of 16-bit samples, every channel alike.
+inline std::vector<std::uint8_t> dataChunk(const WaveSpec& format) {
   std::vector<std::uint8_t> out;
   putTag(out, "data");
-  putU32(out, spec.frames * spec.channels * 2u);
-  for (std::uint32_t i = 0; i < spec.frames; ++i) {
-    const double value = 16383.0 * std::sin(2 * std::acos(-1.0) * spec.toneHz * i / spec.sampleRate);
-    for (unsigned c = 0; c < spec.channels; ++c) putU16(out, static_cast<std::int16_t>(value) & 0xFFFF);
+  putU32(out, format.frames * format.channels * 2u);
+  for (std::uint32_t i = 0; i < format.frames; ++i) {
+    const double value = 16383.0 * std::sin(2 * std::acos(-1.0) * format.toneHz * i / format.sampleRate);
+    for (unsigned c = 0; c < format.channels; ++c) putU16(out, static_cast<std::int16_t>(value) & 0xFFFF);
   }
   return out;
 }
@@ -76,7 +76,7 @@ inline std::vector<std::uint8_t> riff(const std::vector<std::vector<std::uint8_t
   return out;
 }
 
-inline std::vector<std::uint8_t> waveBytes(const WaveSpec& spec) { return riff({formatChunk(spec), dataChunk(spec)}); }
+inline std::vector<std::uint8_t> waveBytes(const WaveSpec& format) { return riff({formatChunk(format), dataChunk(format)}); }
 
 inline void writeBytes(const std::string& path, const std::vector<std::uint8_t>& bytes) {
   std::ofstream(path, std::ios::binary | std::ios::trunc)
@@ -86,9 +86,9 @@ inline void writeBytes(const std::string& path, const std::vector<std::uint8_t>&
 // A 16-bit mono 44.1 kHz tone, as the synthesis library writes: the frames
 // of lengthMs rounded up, so that its length reads back as lengthMs.
 inline void writeToneFile(const std::string& path, long lengthMs) {
-  WaveSpec spec;
-  spec.frames = static_cast<std::uint32_t>((lengthMs * 441 + 9) / 10);
-  writeBytes(path, waveBytes(spec));
+  WaveSpec format;
+  format.frames = static_cast<std::uint32_t>((lengthMs * 441 + 9) / 10);
+  writeBytes(path, waveBytes(format));
 }
 
 // A fresh temporary directory for one test, removed with the object.

@@ -10,7 +10,7 @@ namespace {
 
 using testing::WaveSpec;
 
-WaveSpec spec(std::uint16_t channels, std::uint32_t rate, std::uint32_t frames, std::uint16_t bits = 16,
+WaveSpec format(std::uint16_t channels, std::uint32_t rate, std::uint32_t frames, std::uint16_t bits = 16,
               std::uint16_t formatTag = 1) {
   return {formatTag, channels, rate, bits, frames};
 }
@@ -47,18 +47,18 @@ TEST(WaveFile, ReadsPcmFilesAndCountsTheirLengthInFrames) {
   testing::putTag(partFrame, "data");
   testing::putU32(partFrame, 3);
   partFrame.insert(partFrame.end(), {1, 2, 3, 0});
-  const WaveSpec tenMs = spec(1, 44100, 441);
+  const WaveSpec tenMs = format(1, 44100, 441);
   const struct {
     std::vector<std::uint8_t> bytes;
     long frames, lengthMs;
   } rows[] = {
-      {testing::waveBytes(spec(2, 44100, 44100)), 44100, 1000},
-      {testing::waveBytes(spec(1, 8000, 7999)), 7999, 999},
-      {testing::waveBytes(spec(1, 22050, 0)), 0, 0},
-      {testing::waveBytes(spec(2, 48000, 48)), 48, 1},
+      {testing::waveBytes(format(2, 44100, 44100)), 44100, 1000},
+      {testing::waveBytes(format(1, 8000, 7999)), 7999, 999},
+      {testing::waveBytes(format(1, 22050, 0)), 0, 0},
+      {testing::waveBytes(format(2, 48000, 48)), 48, 1},
       {testing::riff({testing::formatChunk(tenMs), list, testing::dataChunk(tenMs)}), 441, 10},
       {testing::riff({extensible, testing::dataChunk(tenMs)}), 441, 10},
-      {testing::riff({testing::formatChunk(spec(2, 44100, 0)), partFrame}), 0, 0},
+      {testing::riff({testing::formatChunk(format(2, 44100, 0)), partFrame}), 0, 0},
   };
   for (const auto& row : rows) {
     WaveReadResult result = decodeWave(row.bytes, clip);
@@ -74,7 +74,7 @@ TEST(WaveFile, RefusesWhatItCannotPlayWithAReason) {
   WaveReadResult result = readWaveFile(dir.file("nothing.wav"), clip);
   EXPECT_EQ(result.status, WaveReadStatus::Missing);  // told apart from a bad file
   EXPECT_NE(result.error.find("nothing.wav"), std::string::npos);
-  const WaveSpec good = spec(1, 44100, 100);
+  const WaveSpec good = format(1, 44100, 100);
   const std::vector<std::uint8_t> goodBytes = testing::waveBytes(good);
   const struct {
     const char* what;
@@ -88,11 +88,11 @@ TEST(WaveFile, RefusesWhatItCannotPlayWithAReason) {
       {"data before format", testing::riff({testing::dataChunk(good), testing::formatChunk(good)}), "data before"},
       {"format chunk cut", {goodBytes.begin(), goodBytes.begin() + 12 + 8 + 10}, "format chunk cut short"},
       {"data cut mid-way", {goodBytes.begin(), goodBytes.begin() + 12 + 24 + 8 + 50}, "data chunk cut short"},
-      {"8-bit", testing::waveBytes(spec(1, 44100, 100, 8)), "8-bit"},
-      {"float", testing::waveBytes(spec(1, 44100, 100, 16, 3)), "not PCM"},
-      {"three channels", testing::waveBytes(spec(3, 44100, 100)), "3 channels"},
-      {"no channels", testing::waveBytes(spec(0, 44100, 100)), "0 channels"},
-      {"rate zero", testing::waveBytes(spec(1, 0, 100)), "sample rate"},
+      {"8-bit", testing::waveBytes(format(1, 44100, 100, 8)), "8-bit"},
+      {"float", testing::waveBytes(format(1, 44100, 100, 16, 3)), "not PCM"},
+      {"three channels", testing::waveBytes(format(3, 44100, 100)), "3 channels"},
+      {"no channels", testing::waveBytes(format(0, 44100, 100)), "0 channels"},
+      {"rate zero", testing::waveBytes(format(1, 0, 100)), "sample rate"},
   };
   for (const auto& row : rows) {
     result = decodeWave(row.bytes, clip);

@@ -32,7 +32,7 @@ struct ScreenSpec {
 };
 
 // Names the test in failure messages instead of printing the bytes.
-void PrintTo(const ScreenSpec& spec, std::ostream* out) { *out << spec.name; }
+void PrintTo(const ScreenSpec& format, std::ostream* out) { *out << format.name; }
 
 const ScreenSpec kScreens[] = {
     {"Nadavik", 1,
@@ -96,16 +96,16 @@ bool overlaps(const ControlDefinition& a, const ControlDefinition& b) {
 class ScreenFile : public ::testing::TestWithParam<ScreenSpec> {};
 
 TEST_P(ScreenFile, IsWholeAndFitsItsWindow) {
-  const ScreenSpec& spec = GetParam();
+  const ScreenSpec& format = GetParam();
   ScreenParseError error;
-  const auto parsed = loadScreenDefinition(std::string(NADAVIK_SCREENS_DIR) + "/" + spec.name + ".screen", &error);
+  const auto parsed = loadScreenDefinition(std::string(NADAVIK_SCREENS_DIR) + "/" + format.name + ".screen", &error);
   ASSERT_TRUE(parsed) << error.message;
   const ScreenDefinition& def = *parsed;
-  EXPECT_EQ(def.name, spec.name);
-  EXPECT_EQ(def.formId, spec.formId);
+  EXPECT_EQ(def.name, format.name);
+  EXPECT_EQ(def.formId, format.formId);
   EXPECT_FALSE(def.caption.empty() || def.help.empty());
 
-  std::istringstream names(spec.required);
+  std::istringstream names(format.required);
   for (std::string word; names >> word;) {
     const auto colon = word.find(':');
     const int index = colon == std::string::npos ? -1 : std::stoi(word.substr(colon + 1));
