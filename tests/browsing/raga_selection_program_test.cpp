@@ -3,7 +3,6 @@
 // stays; the other ragas still open.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <algorithm>
 
 #include "control/screen_manager.h"
@@ -66,10 +65,3 @@ TEST_F(RagaSelectionOnNullRaga, ChoosingItGivesOneMessageAndStaysOnTheGrid) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

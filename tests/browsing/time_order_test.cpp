@@ -2,7 +2,6 @@
 // follows the clock from dawn, not the alphabet of the time texts.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -51,10 +50,3 @@ TEST(RagaTimeOrder, SortByTimeRunsFromDawnRoundTheClock) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

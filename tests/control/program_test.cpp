@@ -4,7 +4,6 @@
 // parameters kept between runs, and the refusals of bad starts.
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -282,10 +281,3 @@ TEST(Program, WithoutTheNotationFontTheUserIsToldAndEnglishIsUsed) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

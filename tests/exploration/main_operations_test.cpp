@@ -7,7 +7,6 @@
 // checked in sound/.)
 #include <gtest/gtest.h>
 
-#include <QApplication>
 #include <QWidget>
 #include <functional>
 
@@ -267,10 +266,3 @@ TEST_F(MainOperationsTest, MenusAndAClickBesideTheItems) {
 }
 
 }  // namespace
-
-int main(int argc, char** argv) {
-  if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
-  QApplication app(argc, argv);
-  ::testing::InitGoogleTest(&argc, argv);
-  return RUN_ALL_TESTS();
-}

@@ -77,8 +77,6 @@ TEST_F(MusicFileBuildTest, BuffersHoldCodesDurationsAndRunningTimes) {
 // tempo rounded at each slot; in Demo per note.
 TEST_F(MusicFileBuildTest, ACompositionOutsideDemoIsTimedOnItsBeatGrid) {
   FakeScreen screen;
-  gSpeedFactors = {0, 5.0, 3.33, 2.5, 2.0, 1.67, 1.43, 1.25, 1.11, 1.0,
-                   0.8, 0.67, 0.57, 0.5, 0.44, 0.4, 0.36, 0.33, 0};
   gCurrPhraseKind = 8;
   gBaseMatraMs = 33;
   gRowsPerCycle = 2;
