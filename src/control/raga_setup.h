@@ -1,5 +1,5 @@
 // Making a raga the one at hand, with its sound. The store loads the raga's
-// data and never rebuilds sound; these procedures run the store's look-up
+// data and never rebuilds sound; this module runs the store's look-up
 // and then renew the seeds or the drone for the raga's drone type, in the
 // order the program has always done it. They are called wherever a raga
 // becomes current: chosen from the grid, explored from the quiz, drawn at
@@ -15,6 +15,6 @@
 // seeds.
 void sSetupRagaAndSound();
 
-// fGetSeqRagaId(n) (row n of the raga table becomes gCurrRagaId), then
-// sAdjustDroneType for that raga. Answers the raga's id, 0 for no row n.
-std::int16_t fSetupSeqRagaAndDrone(std::int16_t n);
+// A raga drawn by position (the sampler, the quiz) is made current by
+// fGetSeqRagaId and then sAdjustDroneType(fGetRagaDroneType(id)), in that
+// order, here beside sSetupRagaAndSound when those screens arrive.
