@@ -1,7 +1,7 @@
 // Making a raga the one at hand, with its sound. The store loads the raga's
 // data and never rebuilds sound; this module runs the store's look-up
 // and then renews the seeds or the drone for the raga's drone type, in the
-// order the program has always done it. They are called wherever a raga
+// order the program has always done it. It serves wherever a raga
 // becomes current: chosen from the grid, explored from the quiz, drawn at
 // random by position. No state of their own.
 #pragma once
