@@ -36,6 +36,10 @@ class MainOperationsTest : public ExplorationTest {
 TEST_F(MainOperationsTest, EnteringShowsTheRagasDataListsAndDemoPrompts) {
   EXPECT_EQ(gCurrFormId, kFormMainOperations);
   EXPECT_EQ(ctl("cRaga").text(), "Yaman");
+  // The raga's data in the key-map words of the Devanagari script.
+  EXPECT_EQ(ctl("cAroha").text(), "ina,   ro   ga   ma\\   Qa   ina   saaM");
+  EXPECT_EQ(ctl("cPakad").text(), "ina,   ro   ga   ro   ina,   ro   saa   p   ma\\   ga   ro   saa");
+  EXPECT_EQ(ctl("cSamvadi").text(), "ina");
   EXPECT_EQ(ctl("Option1").value(), -1) << "Demo";
   EXPECT_EQ(listItems("cNVIllusList"),
             (Names{"Aroha and Avroha", "Pakad", "Alap Phrases(5)", "Layakari Phrases(2)",

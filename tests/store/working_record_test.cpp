@@ -1,6 +1,6 @@
 // The working raga record on a copy of the built library store and a fresh
 // user store: the cut of scale, pakad and phrases, the exact getter texts,
-// the composition at hand, the basic-data display and the missing raga.
+// the composition at hand and the missing raga.
 #include "store/working_record.h"
 
 #include <gtest/gtest.h>
@@ -12,13 +12,11 @@
 #include "control/raga_setup.h"
 #include "core/errors.h"
 #include "core/session.h"
-#include "display/raga_display.h"
 #include "notation/vocabulary.h"
 #include "platform/store.h"
 #include "sound_test_support.h"
 #include "store/working_record_comp.h"
 #include "store/working_record_comp_text.h"
-#include "tests/notation/support/fake_screen.h"
 
 namespace {
 
@@ -35,18 +33,12 @@ class WorkingRecord : public SoundStoreTest {
     gGraceNotes = 2;
     gCurrTonicNoteId = 3;
     gCurrDbSelector = 1;
-    gCurrForm = &screen_;
-  }
-  void TearDown() override {
-    gCurrForm = nullptr;
-    SoundStoreTest::TearDown();
   }
   void setUp(std::int16_t ragaId, const std::string& name = "") {
     gCurrRagaId = ragaId;
     gCurrRagaName = name;
     sSetupForCurrRaga();
   }
-  FakeScreen screen_;
 };
 
 // Getter texts of two ragas, exactly as the library holds them.
@@ -170,19 +162,6 @@ TEST_F(WorkingRecord, NewDroneTypeRebuildsTheSeeds) {
     EXPECT_EQ(gCurrDroneType, ragaId == kYaman ? 1 : 2);
   }
   EXPECT_TRUE(messageTexts().empty());
-}
-
-// Everything the basic-data display writes.
-TEST_F(WorkingRecord, BasicDataIsShownFromTheStore) {
-  setUp(kBhupali, "Bhupali");
-  sDisplayRagaBasicData();
-  EXPECT_EQ(screen_.control("cRaga").text(), "Bhupali");
-  EXPECT_EQ(screen_.control("cAroha").text(), "S   R   G   P   D   S>");
-  EXPECT_EQ(screen_.control("cPakad").text(), "G   R   S   D<   S   R   G   P   G   D   P   G   R   S");
-  EXPECT_EQ(screen_.control("cSamvadi").text(), "D");
-  EXPECT_EQ(screen_.control("cVadi").fontName(), "Times New Roman");
-  for (const char* name : {"cRaga", "cAvroha", "Label2", "Label7", "cLine1"})
-    EXPECT_TRUE(screen_.control(name).visible()) << name;
 }
 
 TEST_F(WorkingRecord, CompositionPartsAndBeatMarkedText) {
