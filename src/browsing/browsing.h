@@ -24,6 +24,7 @@ void sBindRagaSelection1Events(platform::Screen& screen);
 // review, 2 open the summary of gCurrRagaName, 20 leave the screen on top.
 void sReviewTechnicalData(std::int16_t event);
 void sInitReviewTechDat();
+void sLoadRagaListForLevel(std::int16_t level);
 void sDisplayRagaInfoSummary();
 void sTerminateReviewTechDat();
 void sBindReviewRagasEvents(platform::Screen& screen);

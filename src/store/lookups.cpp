@@ -217,6 +217,18 @@ void sLoadRagaList(std::vector<std::string>& names) {
   for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
 }
 
+void sLoadGroupRagaNames(std::vector<std::string>& names, std::int16_t level) {
+  NV_PROC("sLoadGroupRagaNames");
+  names.clear();
+  if (level == 1)
+    sPatchSQLStr16(1);
+  else
+    sPatchSQLStr4(level);
+  auto rs = fOpenQuery(openStore(gDbA), level == 1 ? gSQLStr16 : gSQLStr4);
+  if (!rs) return;
+  for (; !rs->eof(); rs->moveNext()) names.push_back(rs->field("Raga").asText());
+}
+
 std::int16_t fGetSeqRagaId(std::int16_t n) {
   NV_PROC("fGetSeqRagaId");
   auto rs = openTable(openStore(gDbA), "Raga - Technical Information");
@@ -225,6 +237,14 @@ std::int16_t fGetSeqRagaId(std::int16_t n) {
   if (rs->eof()) return 0;
   gCurrRagaId = static_cast<std::int16_t>(rs->field("Raga Index").asInteger());
   return gCurrRagaId;
+}
+
+RagaThataAndTime fGetRagaThataAndTime(std::int16_t ragaId) {
+  NV_PROC("fGetRagaThataAndTime");
+  auto rs = openTable(openStore(gDbA), "Raga - Technical Information");
+  sSetTablePKRecord(*rs, static_cast<int>(ragaId));
+  if (rs->noMatch()) return {};
+  return {rs->field("Thata").asText(), rs->field("Appropriate time").asText()};
 }
 
 std::int32_t fGetRagaDroneType(std::int16_t ragaId) {

@@ -64,10 +64,25 @@ std::int16_t fLoadList(std::vector<std::string>& items, std::int16_t type,
 // Replaces `names` with every raga that has technical data, by name.
 void sLoadRagaList(std::vector<std::string>& names);
 
+// Replaces `names` with the ragas of one curriculum group, in row order:
+// group 1 through the query of the ragas up to a group, any other through
+// that of exactly this group (the two give the same ragas, since no raga
+// has a group below 1).
+void sLoadGroupRagaNames(std::vector<std::string>& names, std::int16_t level);
+
 // The id of row n (from 1, in stored order) of Raga - Technical
 // Information; also makes it gCurrRagaId. 0, with nothing changed, when the
 // table has no row n. The drone is the caller's: see control/raga_setup.h.
 std::int16_t fGetSeqRagaId(std::int16_t n);
+
+// The thata (empty when Null or the raga is missing, so that the caller
+// keeps its caption) and the time of day of a raga in Raga - Technical
+// Information, for the raga's summary.
+struct RagaThataAndTime {
+  std::string thata;
+  std::string time;
+};
+RagaThataAndTime fGetRagaThataAndTime(std::int16_t ragaId);
 
 // "DroneType" of a raga in Raga - Technical Information (a Null reads 0);
 // kNoSuchRaga for a raga missing from the library.
