@@ -1,5 +1,6 @@
 // Event handlers of the main window (form id 1) and of the opening screen
 // shown before it.
+#include "control/carry_over.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/startup.h"
@@ -65,6 +66,7 @@ void sBindNadavikEvents(platform::Screen& s) {
   s.on("cMnuInvCom", EventKind::Click, [](const Event&) { sNVControl(4); });
   bindMenu(s, "cMnuDefPitShi", kFormScaleShifting);
   bindMenu(s, "cMnuRevRagGro", kFormReviewRagas);
+  s.on("cMnuCarOve", EventKind::Click, [](const Event&) { sCarryOverFromOlderInstallation(); });
   s.on("cMnuShoTip", EventKind::Click, [](const Event&) {
     gTipSignal = 1;
     sMnuTipsCheck();

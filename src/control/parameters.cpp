@@ -9,7 +9,6 @@
 
 #include <algorithm>
 #include <charconv>
-#include <fstream>
 #include <functional>
 #include <type_traits>
 #include <variant>
@@ -18,6 +17,7 @@
 #include "control/startup.h"
 #include "core/errors.h"
 #include "core/session.h"
+#include "core/trace.h"
 #include "keyboard/reeds.h"
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
@@ -159,14 +159,6 @@ double fVariableValue(const UsageParameter& p) {
   return std::visit([](auto* variable) { return static_cast<double>(*variable); }, p.variable);
 }
 
-// A line in the trace file, written whether or not tracing is on: a saved
-// value that was not used is worth knowing about when the settings seem to
-// have been forgotten.
-void sTraceLine(const std::string& line) {
-  if (gErrTraceFile.empty()) return;
-  std::ofstream(gErrTraceFile, std::ios::app) << line << "\n";
-}
-
 std::string fRangeText(const UsageParameter& p, const ScreenSize& screen) {
   return fNumberText(fAmountValue(p.lowest, screen)) + " to " +
          fNumberText(fAmountValue(p.highest, screen));
@@ -273,8 +265,15 @@ void sSetDefaultOptions() {
 // leaves the whole set of the last run (the transaction rolls back), never a
 // mixture. Inside one transaction the order of the rows is not seen by
 // anyone, so they are written in the order of the table.
+namespace {
+bool gKeepStoredParameters = false;
+}  // namespace
+
+void sKeepStoredParametersAtStop() { gKeepStoredParameters = true; }
+
 void sSaveUsageParameters() {
   NV_PROC("sSaveUsageParameters");
+  if (gKeepStoredParameters) return;
   platform::Transaction transaction(*gDbB);
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
   for (const UsageParameter& p : kUsageParameters) {

@@ -11,6 +11,10 @@ class Recordset;
 
 void sSetDefaultOptions();
 void sSaveUsageParameters();
+// Leaves the usage parameters in the user store as they are at the stop of
+// this run, instead of writing the run's own over them: the settings carried
+// over from an older installation take effect at the next start.
+void sKeepStoredParametersAtStop();
 std::string fGetUserParameter(const std::string& name);
 void sClearParameterValue(platform::Recordset& parameters);
 void sClearUpTpETables();

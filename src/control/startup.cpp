@@ -128,9 +128,10 @@ bool holdUserStore() {
   return true;
 }
 
-// Opens both stores; false when the library store lacks a table or column the
-// program reads (a damaged or foreign file), after one message that names the
-// file and the first missing item, and the halt.
+// Opens both stores and brings an older user store up to this version; false
+// when the library store lacks a table or column the program reads (a
+// damaged or foreign file), or the user store is of a newer version, after
+// one message that names the file, and the halt.
 bool openStores() {
   gWorkspace = &platform::defaultWorkspace();
   gDbA = gWorkspace->openDatabase(gStoreAPath, true, true, kConnectString);
@@ -147,6 +148,10 @@ bool openStores() {
   if (!gDbB) {
     sEnsureUserStore(gStoreBPath);
     gDbB = gWorkspace->openDatabase(gStoreBPath, true, false, kConnectString);
+  }
+  if (!fUpgradeUserStore(*gDbB)) {
+    sHaltProgramExecution();
+    return false;
   }
   return true;
 }

@@ -53,6 +53,11 @@ void writeErrorLines(std::ofstream& out) {
 
 }  // namespace
 
+void sTraceLine(const std::string& line) {
+  if (gErrTraceFile.empty()) return;
+  std::ofstream(gErrTraceFile, std::ios::app) << line << "\n";
+}
+
 std::string fDateTimeLine() {
   // The long date, then blanks to the next 14-character print zone, then
   // the long time.

@@ -5,6 +5,10 @@
 #include <string>
 
 void sTrace(std::int16_t mode);
+// A line in the trace file, written whether or not tracing is on: a saved
+// value that was not used, or a store that was upgraded, is worth knowing
+// about when something seems to have been forgotten.
+void sTraceLine(const std::string& line);
 std::int16_t fIgnorable();
 void sFillErrorParam();
 void sProgramErrorExit();

@@ -271,6 +271,17 @@ class WindowSystem {
     return messageBox(text, style, title);
   }
 
+  // A modal box that offers `choices` as its buttons, in order; answers the
+  // index of the one pressed, -1 when the box is closed without one.
+  virtual int askChoice(const std::string& text, const std::string& title,
+                        const std::vector<std::string>& choices) = 0;
+
+  // A modal dialog for choosing an existing file to read, starting in
+  // `folder` and showing the files `nameFilter` admits (for example
+  // "Nadavik user stores (*.nvy)"); answers the path, "" when cancelled.
+  virtual std::string chooseFileToOpen(const std::string& title, const std::string& folder,
+                                       const std::string& nameFilter) = 0;
+
   // Size of the desktop in logical pixels.
   virtual float screenWidth() const = 0;
   virtual float screenHeight() const = 0;

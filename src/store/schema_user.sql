@@ -5,6 +5,12 @@
 -- start with a Null value, so that the defaults apply on the first run.
 -- The phrase, composition and pitch set tables follow from
 -- schema_shared.sql, as the library store holds them too.
+--
+-- The store's schema version is kept in SQLite's user_version: 1 for this
+-- schema; 0, the engine's default, is a store made before versions were
+-- kept. A store of an older version is brought up to this one at start
+-- (control/user_store.cpp); raise the number with every change of schema.
+PRAGMA user_version = 1;
 
 CREATE TABLE "User Parameters" (
   "Parameter Name" TEXT COLLATE NOCASE NOT NULL,

@@ -23,6 +23,9 @@ struct ShownMessage {
 class RecordingWindowSystem : public platform::WindowSystem {
  public:
   std::vector<ShownMessage> messages;
+  std::vector<std::string> choiceTexts;  // the texts of the choice boxes shown
+  std::vector<int> choiceAnswers;        // answered in order; -1 once they run out
+  std::string fileToOpen;                // what the file dialog answers
 
   platform::Screen& screen(const std::string& name) override {
     throw platform::ProgramError("no screens in this test: " + name);
@@ -30,6 +33,13 @@ class RecordingWindowSystem : public platform::WindowSystem {
   int messageBox(const std::string& text, int style, const std::string& title) override {
     messages.push_back({text, style, title});
     return platform::kAnswerOk;
+  }
+  int askChoice(const std::string& text, const std::string&, const std::vector<std::string>&) override {
+    choiceTexts.push_back(text);
+    return choiceTexts.size() <= choiceAnswers.size() ? choiceAnswers[choiceTexts.size() - 1] : -1;
+  }
+  std::string chooseFileToOpen(const std::string&, const std::string&, const std::string&) override {
+    return fileToOpen;
   }
   float screenWidth() const override { return 1366; }
   float screenHeight() const override { return 768; }

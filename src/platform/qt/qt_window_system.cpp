@@ -2,6 +2,8 @@
 #include "platform/qt/qt_window_system.h"
 
 #include <QApplication>
+#include <QFileDialog>
+#include <QPushButton>
 #include <QFontDatabase>
 #include <QMessageBox>
 #include <QScreen>
@@ -60,6 +62,30 @@ int QtWindowSystem::messageBoxWithDetail(const std::string& text, int style,
   return kAnswerOk;
 }
 
+int QtWindowSystem::askChoice(const std::string& text, const std::string& title,
+                              const std::vector<std::string>& choices) {
+  if (choiceResponder_) return choiceResponder_(text, choices);
+  QMessageBox box;
+  box.setWindowTitle(QString::fromStdString(title));
+  box.setText(QString::fromStdString(text));
+  box.setIcon(QMessageBox::Question);
+  std::vector<QAbstractButton*> buttons;
+  for (const std::string& choice : choices)
+    buttons.push_back(box.addButton(QString::fromStdString(choice), QMessageBox::AcceptRole));
+  box.exec();
+  for (std::size_t i = 0; i < buttons.size(); ++i)
+    if (box.clickedButton() == buttons[i]) return static_cast<int>(i);
+  return -1;
+}
+
+std::string QtWindowSystem::chooseFileToOpen(const std::string& title, const std::string& folder,
+                                             const std::string& nameFilter) {
+  if (fileChooser_) return fileChooser_(title);
+  return QFileDialog::getOpenFileName(nullptr, QString::fromStdString(title), QString::fromStdString(folder),
+                                      QString::fromStdString(nameFilter))
+      .toStdString();
+}
+
 float QtWindowSystem::screenWidth() const {
   QScreen* s = QGuiApplication::primaryScreen();
   return s ? float(s->geometry().width()) : 1366.0f;
@@ -107,6 +133,12 @@ void QtWindowSystem::setAudioDeviceFactory(AudioDeviceFactory factory) {
 void QtWindowSystem::setMessageBoxResponder(MessageBoxResponder responder) {
   responder_ = std::move(responder);
 }
+
+void QtWindowSystem::setChoiceResponder(ChoiceResponder responder) {
+  choiceResponder_ = std::move(responder);
+}
+
+void QtWindowSystem::setFileChooser(FileChooser chooser) { fileChooser_ = std::move(chooser); }
 
 void QtWindowSystem::setDetailedMessageBoxResponder(DetailedMessageBoxResponder responder) {
   detailedResponder_ = std::move(responder);

@@ -36,6 +36,10 @@ using MessageBoxResponder =
 using DetailedMessageBoxResponder = std::function<int(
     const std::string& text, int style, const std::string& title, const std::string& detail)>;
 
+// Answers the choice boxes and file dialogs instead of showing them (tests).
+using ChoiceResponder = std::function<int(const std::string& text, const std::vector<std::string>& choices)>;
+using FileChooser = std::function<std::string(const std::string& title)>;
+
 class QtWindowSystem : public WindowSystem {
  public:
   // screensDir holds the <Name>.screen definition files.
@@ -46,6 +50,10 @@ class QtWindowSystem : public WindowSystem {
   int messageBox(const std::string& text, int style, const std::string& title) override;
   int messageBoxWithDetail(const std::string& text, int style, const std::string& title,
                            const std::string& detail) override;
+  int askChoice(const std::string& text, const std::string& title,
+                const std::vector<std::string>& choices) override;
+  std::string chooseFileToOpen(const std::string& title, const std::string& folder,
+                               const std::string& nameFilter) override;
   float screenWidth() const override;
   float screenHeight() const override;
   std::vector<std::string> fontFamilies() const override;
@@ -58,6 +66,8 @@ class QtWindowSystem : public WindowSystem {
   void setMessageBoxResponder(MessageBoxResponder responder);
   // Takes the place of the plain responder for every box, detailed or not.
   void setDetailedMessageBoxResponder(DetailedMessageBoxResponder responder);
+  void setChoiceResponder(ChoiceResponder responder);
+  void setFileChooser(FileChooser chooser);
 
   // Used by the controls.
   const DevanagariConverters& devanagari() const { return devanagari_; }
@@ -72,6 +82,8 @@ class QtWindowSystem : public WindowSystem {
   AudioDeviceFactory audioFactory_;
   MessageBoxResponder responder_;
   DetailedMessageBoxResponder detailedResponder_;
+  ChoiceResponder choiceResponder_;
+  FileChooser fileChooser_;
   std::string notationFamily_;
 };
 
