@@ -130,10 +130,13 @@ bool holdUserStore() {
 
 // Opens both stores; false when the library store lacks a table or column the
 // program reads (a damaged or foreign file), after one message that names the
-// file and the first missing item, and the halt.
+// file and the first missing item, and the halt. The library is shared,
+// read-only data, opened read-only and not exclusively: an installed library
+// on a read-only disk starts, and two users of one computer may both use it.
+// A second copy is refused by the user store's lock alone (holdUserStore).
 bool openStores() {
   gWorkspace = &platform::defaultWorkspace();
-  gDbA = gWorkspace->openDatabase(gStoreAPath, true, true, kConnectString);
+  gDbA = gWorkspace->openDatabase(gStoreAPath, false, true, kConnectString);
   if (auto missing = fFirstMissingSchemaItem(*gDbA, kLibraryStoreSchema)) {
     const std::string what = missing->column.empty()
                                  ? "the table '" + missing->table + "'"

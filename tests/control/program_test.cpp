@@ -13,6 +13,7 @@
 #include "control/screen_table.h"
 #include "control/user_store.h"
 #include "core/session.h"
+#include "core/trace.h"
 #include "exploration/exploration.h"
 #include "platform/audio.h"
 #include "platform/screendef.h"
@@ -46,6 +47,27 @@ TEST(Program, CancelOnTheOpeningScreenEndsBeforeAnyFileIsTouched) {
   EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt"), "last run\n");
   EXPECT_FALSE(fs::exists(p.folder() / "mrB.nvy"));
   EXPECT_TRUE(p.messages().empty());
+}
+
+// The library is read-only data, stamped with the program's version when it
+// is built: a whole run, start to Exit, works with a library file that may
+// not be written, and leaves its every byte and its time of change alone.
+TEST(Program, AWholeRunLeavesAReadOnlyLibraryUntouched) {
+  ProgramHarness p;
+  const fs::path library = p.folder() / "mrA.nvy";
+  fs::permissions(library, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                  fs::perm_options::remove);
+  const std::string bytes = p.readFile(library);
+  const auto changed = fs::last_write_time(library);
+  p.start();
+  p.finishStartUp();
+  p.fire("Nadavik", "cExit", EventKind::Click);
+  p.settle();
+  for (const auto& m : p.messages()) ADD_FAILURE() << "unexpected message: " << m.text;
+  EXPECT_EQ(fExitStatus(), 0);
+  EXPECT_EQ(p.readFile(library), bytes);
+  EXPECT_EQ(fs::last_write_time(library), changed);
+  EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt").find("stamped with version"), std::string::npos);
 }
 
 TEST(Program, StartGreetsWithTheDroneThenShowsTipsThenEnablesTheMenu) {
