@@ -140,7 +140,9 @@ TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
       {"S : : R", "word 3, \":\": empty segment."},
       {"S R:", "word 2, \"R:\": empty segment."},
       {manyNotes, "word 501, \"G\": too many notes (at most 500)."},
-      {std::string(10000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
+      // Longer than the tokenizer can place: it used to pass unjudged.
+      {std::string(40000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
+      {"S" + std::string(40000, ' ') + "R", "word 2, \"R\": beyond character 32767."},
   };
   std::size_t told = 0;
   for (const auto& c : cases) {
