@@ -13,6 +13,9 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -29,6 +32,7 @@
 #include "platform/store.h"
 #include "sound/library_setup.h"
 #include "sound/playback.h"
+#include "sound/wave_folder.h"
 #include "store/lookups.h"
 #include "store/positioning.h"
 #include "store/queries.h"
@@ -56,16 +60,34 @@ void removeIfExists(const std::string& path) {
 
 platform::Screen& mainWindow() { return *gMainMenuForm; }
 
-// Empties the trace file and writes its start lines. A data directory that
-// cannot be written ends the program with a message that names it.
-void openErrorTraceFile() {
-  std::ofstream out(gErrTraceFile, std::ios::trunc);
-  if (!out) {
-    sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath +
-                 "'. Please make that folder writable for your user and start Nadavik again.");
-    platform::windowSystem().endProcess(1);
+// Writes the start lines of a new trace file in place of the last run's.
+// They are written beside it and renamed over it only when whole, so that a
+// full disk leaves the last run's trace as it was, not an empty file. A
+// data directory that cannot take them ends the start with a message that
+// names it and the cause, as a second copy does, and false.
+bool openErrorTraceFile() {
+  const std::string fresh = gErrTraceFile + ".new";
+  std::string cause;
+  {
+    std::ofstream out(fresh, std::ios::trunc);
+    out << "\n" << "Opened Error Trace File" << "\n" << fDateTimeLine() << "\n\n";
+    out.close();
+    if (!out) cause = std::strerror(errno);
   }
-  out << "\n" << "Opened Error Trace File" << "\n" << fDateTimeLine() << "\n\n";
+  if (cause.empty()) {
+    std::error_code ec;
+    fs::rename(fresh, gErrTraceFile, ec);
+    if (!ec) return true;
+    cause = ec.message();
+  }
+  removeIfExists(fresh);
+  sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath + "' (" + cause +
+               "). Please make room on that disk or make that folder writable for your user, "
+               "and start Nadavik again.");
+  sSetExitStatus(1);
+  sCloseStores();
+  fFormById(kFormNadavik)->unload();
+  return false;
 }
 
 void readScriptFile() {
@@ -169,8 +191,7 @@ void startProgram() {
   gExeFile = gAppPath + "/tonvex.exe";
   gDataPath = gAppPath;
   gErrTraceFile = gDataPath + "/errtrace.txt";
-  if (!holdUserStore()) return;
-  openErrorTraceFile();
+  if (!holdUserStore() || !openErrorTraceFile()) return;
   sCheckCommandLine();
   sSetGlobalVariables();
   sCheckFont();
@@ -253,14 +274,18 @@ void sCheckCommandLine() {
     readScriptFile();
 }
 
+// The program's own folder under the temporary folder (TMPDIR, else /tmp),
+// made when missing. It is given even when it cannot be made or written:
+// music files are then refused there, with a message that names it, where
+// an empty answer used to put "A.wav" into the current folder.
 std::string fGetTempFilesPathName() {
   NV_PROC("fGetTempFilesPathName");
+  const char* tmpdir = std::getenv("TMPDIR");
   std::error_code ec;
-  fs::path dir = fs::temp_directory_path(ec);
-  if (ec) return "";
-  dir /= "nadavik-" + std::to_string(getuid());
+  fs::path base = fs::absolute(tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp", ec);
+  if (ec) base = "/tmp";
+  const fs::path dir = base / ("nadavik-" + std::to_string(getuid()));
   fs::create_directories(dir, ec);
-  if (ec || access(dir.c_str(), W_OK) != 0) return "";
   return dir.string() + "/";
 }
 
@@ -271,10 +296,8 @@ void sSetGlobalVariables() {
   gStoreAPath = gDataPath + "/mrA.nvy";
   gStoreBPath = gDataPath + "/mrB.nvy";
   gTempPath = fGetTempFilesPathName();
-  if (gTempPath.empty())
-    sShowMessage("Nadavik cannot write its temporary sound files: the temporary folder (set by "
-                 "TMPDIR, usually /tmp) is missing or not writable. Music cannot be played until "
-                 "that folder is writable.");
+  if (const std::string fault = fWaveFolderFault(gTempPath); !fault.empty())
+    sShowMessage(fWaveFolderMessage(gTempPath, fault));
   gWavA = gTempPath + "A.wav";
   gWavB = gTempPath + "B.wav";
   gWavC = gTempPath + "C.wav";

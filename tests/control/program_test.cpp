@@ -3,7 +3,12 @@
 // menus checked from the session and its trace entries, the usage
 // parameters kept between runs, and the refusals of bad starts.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -68,6 +73,55 @@ TEST(Program, AWholeRunLeavesAReadOnlyLibraryUntouched) {
   EXPECT_EQ(p.readFile(library), bytes);
   EXPECT_EQ(fs::last_write_time(library), changed);
   EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt").find("stamped with version"), std::string::npos);
+}
+
+// A folder the start cannot write is named in one message with the cause.
+// A temporary folder that is no folder leaves the program running without
+// music; a full disk, for which a limit on file size stands in, ends the
+// start and leaves the last run's trace whole rather than empty.
+TEST(Program, AFolderTheStartCannotWriteIsNamedInOneMessage) {
+  rlimit usual{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+  std::signal(SIGXFSZ, SIG_IGN);  // an over-long write then fails with EFBIG
+  const struct {
+    const char* what;
+    std::function<std::string(const fs::path&)> spoil;  // gives the folder to be named
+    const char* cause;
+    bool starts;
+  } cases[] = {
+      {"temporary folder under a file",
+       [](const fs::path& folder) {
+         setenv("TMPDIR", (folder / "mrA.nvy").c_str(), 1);
+         return (folder / "mrA.nvy" / ("nadavik-" + std::to_string(getuid()))).string() + "/";
+       },
+       "Not a directory", true},
+      {"full disk",
+       [&usual](const fs::path& folder) {
+         const rlimit tiny{std::min<rlim_t>(16, usual.rlim_max), usual.rlim_max};
+         setrlimit(RLIMIT_FSIZE, &tiny);
+         return folder.string();
+       },
+       "File too large", false},
+  };
+  const char* tmpdir = std::getenv("TMPDIR");
+  const std::string usualTmpdir = tmpdir != nullptr ? tmpdir : "";
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    ProgramHarness p;
+    std::ofstream(p.folder() / "errtrace.txt") << "the last run's trace\n";
+    const std::string folder = c.spoil(p.folder());
+    p.start();
+    setrlimit(RLIMIT_FSIZE, &usual);
+    tmpdir != nullptr ? setenv("TMPDIR", usualTmpdir.c_str(), 1) : unsetenv("TMPDIR");
+    ASSERT_EQ(p.messages().size(), 1u);
+    EXPECT_NE(p.messages()[0].text.find("'" + folder + "' (" + c.cause + ")"), std::string::npos)
+        << p.messages()[0].text;
+    EXPECT_EQ(p.mainWindowLoaded(), c.starts);
+    EXPECT_EQ(fExitStatus(), c.starts ? 0 : 1);
+    EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt") == "the last run's trace\n", !c.starts);
+    EXPECT_FALSE(fs::exists(p.folder() / "errtrace.txt.new"));
+    if (c.starts) p.closeWindow("Nadavik");
+  }
 }
 
 TEST(Program, StartGreetsWithTheDroneThenShowsTipsThenEnablesTheMenu) {
