@@ -274,19 +274,18 @@ void sCheckCommandLine() {
     readScriptFile();
 }
 
-// The program's own folder under the temporary folder (TMPDIR, else /tmp),
-// made when missing. It is given even when it cannot be made or written:
-// music files are then refused there, with a message that names it, where
-// an empty answer used to put "A.wav" into the current folder.
+// The program's own folder under the temporary folder (TMPDIR, else /tmp).
+// It is given even when it cannot be made or written (the start's check
+// makes it and names it in a message when it cannot): music files are then
+// refused there, where an empty answer used to put "A.wav" into the
+// current folder.
 std::string fGetTempFilesPathName() {
   NV_PROC("fGetTempFilesPathName");
   const char* tmpdir = std::getenv("TMPDIR");
   std::error_code ec;
   fs::path base = fs::absolute(tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp", ec);
   if (ec) base = "/tmp";
-  const fs::path dir = base / ("nadavik-" + std::to_string(getuid()));
-  fs::create_directories(dir, ec);
-  return dir.string() + "/";
+  return (base / ("nadavik-" + std::to_string(getuid()))).string() + "/";
 }
 
 void sSetGlobalVariables() {

@@ -51,6 +51,9 @@ void sBeginWaveBuild() {
 }
 
 std::string fWaveFolderFault(const std::string& folder) {
+  std::error_code ec;
+  std::filesystem::create_directories(folder, ec);
+  if (ec) return ec.message();
   std::string probe = folder + "probe-XXXXXX";
   const int fd = mkstemp(probe.data());
   if (fd < 0) return std::strerror(errno);

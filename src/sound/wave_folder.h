@@ -22,9 +22,9 @@
 void sBeginWaveBuild();
 
 // Why `folder` (ending in "/") cannot take a music file now, as the
-// system words it; "" when it can. Writes and removes a probe file there,
-// and counts a file system with less room than a long composition's file
-// as full.
+// system words it; "" when it can. Makes the folder when it is missing,
+// writes and removes a probe file there, and counts a file system with
+// less room than a long composition's file as full.
 std::string fWaveFolderFault(const std::string& folder);
 
 // The message that names the folder, the fault and what to do.
