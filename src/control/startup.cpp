@@ -2,10 +2,11 @@
 //
 // Start: the main window's Load event shows the opening screen; when the
 // user goes on, sNVControl(0) sets the paths, takes the user store (a second
-// copy is refused there, before it writes anything), empties the trace file, reads
-// the command line, sets the fixed values, checks the font, opens both
-// stores, reads the usage parameters and calls sInitApp1, which readies the
-// sound library and greets the user with the drone. After the greeting's
+// copy is refused there, before it writes anything), starts a new trace
+// file, reads the command line, sets the fixed values (checking the music
+// files' folder), checks the font, opens both stores (the library
+// read-only), reads the usage parameters and calls sInitApp1, which readies
+// the sound library and greets the user with the drone. After the greeting's
 // timer, sInitApp2 shows the tips and enables the menu.
 // Stop: sNVControl(20) deletes the temporary wave files, saves the usage
 // parameters, closes both stores and unloads the main window.
