@@ -320,43 +320,23 @@ void sClearUpTpETables() {
 
 std::string fGetNVVerString() { return "2.2"; }
 
-namespace {
-
-// Reopens the library store writable, lets `write` stamp it, and reopens it
-// read-only again: the only writes ever made to the library store.
-void stampLibraryStore(const std::function<void(platform::Recordset&)>& write) {
-  const std::string path = gDbA->path();
-  gDbA->close();
-  gDbA = gWorkspace->openDatabase(path, true, false, kConnectString);
-  {
-    auto rs = gDbA->openRecordset("NVVersion", RecordsetType::Table);
-    write(*rs);
-    rs->close();
-  }
-  gDbA->close();
-  gDbA = gWorkspace->openDatabase(path, true, true, kConnectString);
-}
-
-void writeVersion(platform::Recordset& rs, const std::string& version, bool onlyWhenNull) {
-  if (rs.recordCount() == 0) {
-    rs.addNew();
-  } else {
-    rs.moveFirst();
-    if (onlyWhenNull && !rs.field("Version").isNull()) return;
-    rs.edit();
-  }
-  rs.setField("Version", Value(version));
-  rs.update();
-}
-
-}  // namespace
-
+// The library's version stamp is written when the library is built
+// (nvstore-build --stamp-version), so the program opens the library
+// read-only and never writes to it: an installed, read-only library starts,
+// and no start changes a byte of it. (It used to reopen the library
+// writable at every start to stamp a Null version, and sUpdateVersionInfo,
+// called by nothing, to overwrite it; both writes are gone.) A library of
+// another version is still used, with a line in the trace file.
 void sCheckSetNVVersion() {
   NV_PROC("sCheckSetNVVersion");
-  stampLibraryStore([](platform::Recordset& rs) { writeVersion(rs, fGetNVVerString(), true); });
-}
-
-void sUpdateVersionInfo(const std::string& version) {
-  NV_PROC("sUpdateVersionInfo");
-  stampLibraryStore([&](platform::Recordset& rs) { writeVersion(rs, version, false); });
+  auto rs = gDbA->openRecordset("NVVersion", RecordsetType::Table);
+  std::string stamp;
+  if (rs->recordCount() > 0) {
+    rs->moveFirst();
+    stamp = rs->field("Version").asText();
+  }
+  rs->close();
+  if (stamp != fGetNVVerString())
+    sTraceLine("The library file '" + gStoreAPath + "' is stamped with version '" + stamp +
+               "'; this program is version " + fGetNVVerString() + ".");
 }

@@ -20,6 +20,5 @@ void sClearParameterValue(platform::Recordset& parameters);
 void sClearUpTpETables();
 std::string fGetNVVerString();
 void sCheckSetNVVersion();
-void sUpdateVersionInfo(const std::string& version);
 // The text a value is stored as: a plain number with no format applied.
 std::string fNumberText(double value);

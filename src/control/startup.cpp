@@ -2,10 +2,11 @@
 //
 // Start: the main window's Load event shows the opening screen; when the
 // user goes on, sNVControl(0) sets the paths, takes the user store (a second
-// copy is refused there, before it writes anything), empties the trace file, reads
-// the command line, sets the fixed values, checks the font, opens both
-// stores, reads the usage parameters and calls sInitApp1, which readies the
-// sound library and greets the user with the drone. After the greeting's
+// copy is refused there, before it writes anything), starts a new trace
+// file, reads the command line, sets the fixed values (checking the music
+// files' folder), checks the font, opens both stores (the library
+// read-only), reads the usage parameters and calls sInitApp1, which readies
+// the sound library and greets the user with the drone. After the greeting's
 // timer, sInitApp2 shows the tips and enables the menu.
 // Stop: sNVControl(20) deletes the temporary wave files, saves the usage
 // parameters, closes both stores and unloads the main window.
@@ -13,6 +14,9 @@
 
 #include <unistd.h>
 
+#include <cerrno>
+#include <cstdlib>
+#include <cstring>
 #include <filesystem>
 #include <fstream>
 
@@ -29,6 +33,7 @@
 #include "platform/store.h"
 #include "sound/library_setup.h"
 #include "sound/playback.h"
+#include "sound/wave_folder.h"
 #include "store/lookups.h"
 #include "store/positioning.h"
 #include "store/queries.h"
@@ -56,16 +61,34 @@ void removeIfExists(const std::string& path) {
 
 platform::Screen& mainWindow() { return *gMainMenuForm; }
 
-// Empties the trace file and writes its start lines. A data directory that
-// cannot be written ends the program with a message that names it.
-void openErrorTraceFile() {
-  std::ofstream out(gErrTraceFile, std::ios::trunc);
-  if (!out) {
-    sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath +
-                 "'. Please make that folder writable for your user and start Nadavik again.");
-    platform::windowSystem().endProcess(1);
+// Writes the start lines of a new trace file in place of the last run's.
+// They are written beside it and renamed over it only when whole, so that a
+// full disk leaves the last run's trace as it was, not an empty file. A
+// data directory that cannot take them ends the start with a message that
+// names it and the cause, as a second copy does, and false.
+bool openErrorTraceFile() {
+  const std::string fresh = gErrTraceFile + ".new";
+  std::string cause;
+  {
+    std::ofstream out(fresh, std::ios::trunc);
+    out << "\n" << "Opened Error Trace File" << "\n" << fDateTimeLine() << "\n\n";
+    out.close();
+    if (!out) cause = std::strerror(errno);
   }
-  out << "\n" << "Opened Error Trace File" << "\n" << fDateTimeLine() << "\n\n";
+  if (cause.empty()) {
+    std::error_code ec;
+    fs::rename(fresh, gErrTraceFile, ec);
+    if (!ec) return true;
+    cause = ec.message();
+  }
+  removeIfExists(fresh);
+  sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath + "' (" + cause +
+               "). Please make room on that disk or make that folder writable for your user, "
+               "and start Nadavik again.");
+  sSetExitStatus(1);
+  sCloseStores();
+  fFormById(kFormNadavik)->unload();
+  return false;
 }
 
 void readScriptFile() {
@@ -131,10 +154,13 @@ bool holdUserStore() {
 // Opens both stores and brings an older user store up to this version; false
 // when the library store lacks a table or column the program reads (a
 // damaged or foreign file), or the user store is of a newer version, after
-// one message that names the file, and the halt.
+// one message that names the file, and the halt. The library is shared,
+// read-only data, opened read-only and not exclusively: an installed library
+// on a read-only disk starts, and two users of one computer may both use it.
+// A second copy is refused by the user store's lock alone (holdUserStore).
 bool openStores() {
   gWorkspace = &platform::defaultWorkspace();
-  gDbA = gWorkspace->openDatabase(gStoreAPath, true, true, kConnectString);
+  gDbA = gWorkspace->openDatabase(gStoreAPath, false, true, kConnectString);
   if (auto missing = fFirstMissingSchemaItem(*gDbA, kLibraryStoreSchema)) {
     const std::string what = missing->column.empty()
                                  ? "the table '" + missing->table + "'"
@@ -171,8 +197,7 @@ void startProgram() {
   gExeFile = gAppPath + "/tonvex.exe";
   gDataPath = gAppPath;
   gErrTraceFile = gDataPath + "/errtrace.txt";
-  if (!holdUserStore()) return;
-  openErrorTraceFile();
+  if (!holdUserStore() || !openErrorTraceFile()) return;
   sCheckCommandLine();
   sSetGlobalVariables();
   sCheckFont();
@@ -255,15 +280,18 @@ void sCheckCommandLine() {
     readScriptFile();
 }
 
+// The program's own folder under the temporary folder (TMPDIR, else /tmp).
+// It is given even when it cannot be made or written (the start's check
+// makes it and names it in a message when it cannot): music files are then
+// refused there, where an empty answer used to put "A.wav" into the
+// current folder.
 std::string fGetTempFilesPathName() {
   NV_PROC("fGetTempFilesPathName");
+  const char* tmpdir = std::getenv("TMPDIR");
   std::error_code ec;
-  fs::path dir = fs::temp_directory_path(ec);
-  if (ec) return "";
-  dir /= "nadavik-" + std::to_string(getuid());
-  fs::create_directories(dir, ec);
-  if (ec || access(dir.c_str(), W_OK) != 0) return "";
-  return dir.string() + "/";
+  fs::path base = fs::absolute(tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp", ec);
+  if (ec) base = "/tmp";
+  return (base / ("nadavik-" + std::to_string(getuid()))).string() + "/";
 }
 
 void sSetGlobalVariables() {
@@ -273,10 +301,8 @@ void sSetGlobalVariables() {
   gStoreAPath = gDataPath + "/mrA.nvy";
   gStoreBPath = gDataPath + "/mrB.nvy";
   gTempPath = fGetTempFilesPathName();
-  if (gTempPath.empty())
-    sShowMessage("Nadavik cannot write its temporary sound files: the temporary folder (set by "
-                 "TMPDIR, usually /tmp) is missing or not writable. Music cannot be played until "
-                 "that folder is writable.");
+  if (const std::string fault = fWaveFolderFault(gTempPath); !fault.empty())
+    sShowMessage(fWaveFolderMessage(gTempPath, fault));
   gWavA = gTempPath + "A.wav";
   gWavB = gTempPath + "B.wav";
   gWavC = gTempPath + "C.wav";

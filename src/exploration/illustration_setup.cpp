@@ -21,6 +21,7 @@
 #include "sound/phrase_loading.h"
 #include "sound/play_state.h"
 #include "sound/speed_factor.h"
+#include "sound/wave_folder.h"
 #include "store/working_record.h"
 
 namespace {
@@ -37,7 +38,8 @@ constexpr std::int16_t kPracticeFile = 2;
 void sPrepareCurrentPhrase() {
   const std::int16_t buffer = fBufferForPhrase(gPlaySet.Position);
   gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
-  if (fPrepareToPlaySelection1(buffer) == 0) sShowMessage("Error Setting up for Illustration");
+  if (fPrepareToPlaySelection1(buffer) == 0 && !fToldWaveFolderFault(gCurrBuildFile))
+    sShowMessage("Error Setting up for Illustration");
 }
 
 // Splits on blanks, dropping empty words.
@@ -163,5 +165,6 @@ void sSetUpForPlayingSelectedPhrase() {
   gPlaySet.DurPhrases = {gSelDurPhrase};
   gPlaySet.BaseDurPhrases = {gSelDurPhrase};
   gMusicBuffers[0].Count = fCreateNotesList1(0);
-  if (fPrepareToPlaySelection1(0) == 0) sShowMessage("Error Setting up for Illustration");
+  if (fPrepareToPlaySelection1(0) == 0 && !fToldWaveFolderFault(gCurrBuildFile))
+    sShowMessage("Error Setting up for Illustration");
 }

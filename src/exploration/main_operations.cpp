@@ -36,6 +36,7 @@
 #include "sound/play_status.h"
 #include "sound/play_stop.h"
 #include "sound/playback.h"
+#include "sound/wave_folder.h"
 #include "store/positioning.h"
 #include "store/working_record_comp.h"
 
@@ -57,7 +58,8 @@ void sSelectDemo() {
 // Starts the run of gPlaySet; a failure is told and the screen stays as it is.
 void sPlayRun() {
   gCallbackContext = kContextMainOperations;
-  if (!fPlayMusicPhrases(form())) sShowMessage("Error Playing Music Phrases");
+  if (!fPlayMusicPhrases(form()) && !fToldWaveFolderFault(gCurrBuildFile))
+    sShowMessage("Error Playing Music Phrases");
 }
 
 // Events 1 and 2: a click in one of the item lists.
@@ -112,6 +114,7 @@ void sPlayPhraseItem(bool setUpNow) {
 // the message.
 bool fBuildPieces() {
   if (fCreateCompositionMusicFilesFromT() != 0) return true;
+  if (fToldWaveFolderFault(gCurrBuildFile)) return false;
   platform::windowSystem().messageBox("Error creating music files", platform::kMsgExclamation,
                                       "Message");
   return false;

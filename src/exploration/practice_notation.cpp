@@ -73,6 +73,8 @@ NotationFault fFirstNotationFault(const std::string& text, std::int16_t script) 
     if (word.empty()) continue;
     ++number;
     if (!fIsColon(word) && !fIsLegalNote(word, script)) return {number, word, "unknown note"};
+    if (i > kLongestNotation)
+      return {number, word, "beyond character " + std::to_string(kLongestNotation)};
     for (char c : word) {
       if (c != ':') {
         segmentHasNote = true;

@@ -11,6 +11,9 @@
 // The most words a notation box may hold: a phrase's word lists have room
 // for 501 entries.
 constexpr std::size_t kMostNotationWords = 500;
+// The last character of a box where a word may end: the tokenizer that
+// reads a phrase places no word beyond character 32767.
+constexpr std::size_t kLongestNotation = 32767;
 
 // The box's text in the script shown: with script 1 (Devanagari) every
 // piece of a word (split at "'", a colon stuck to either end set aside)
@@ -24,13 +27,15 @@ std::string fNotationInScript(const std::string& text, std::int16_t script);
 struct NotationFault {
   std::size_t wordNumber = 0;  // 1-based blank-separated word; 0: nothing wrong
   std::string word;            // as it stands in the box (key map in Devanagari)
-  std::string reason;          // "unknown note", "too many notes (at most 500)", "empty segment"
+  std::string reason;          // "unknown note", "too many notes (at most 500)",
+                               // "empty segment", "beyond character 32767"
 };
 
 // Walks the box's words in order. A word is wrong when it is no note in
 // the script (a grace pair "x'y" and one colon stuck to one end allowed,
 // ":" alone a segment mark; "," and anything else an unknown note), when it
-// is word 501 or later (too many notes), or when it holds the ":" that
+// is word 501 or later (too many notes), when it ends beyond character
+// 32767 (where it could not be played), or when it holds the ":" that
 // closes a segment without a note, or opens a last one without a note
 // (empty segment). A box of blanks only is not judged here: it is reported
 // as empty before. The first wrong word wins.

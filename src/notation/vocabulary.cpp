@@ -103,12 +103,17 @@ bool fIsLegalNote(const std::string& word, std::int16_t script) {
     rest.erase(0, 1);
   else if (!rest.empty() && rest.back() == ':')
     rest.pop_back();
-  if (std::count(rest.begin(), rest.end(), '\'') >= 2) return false;
+  const auto apostrophes = static_cast<std::size_t>(std::count(rest.begin(), rest.end(), '\''));
+  if (apostrophes >= 2) return false;
+  std::size_t judged = apostrophes;  // characters of the word judged so far
   for (const std::string& piece : fSplitWords(rest, "'")) {
     if (script == 1 && !fIsDevnagriNote(piece)) return false;
     if (script == 2 && !fIsEnglishNote(piece)) return false;
+    judged += piece.size();
   }
-  return true;
+  // The tokenizer places no word beyond character 32767: its (forgiven)
+  // overflow ends the split there, and a longer word would pass unjudged.
+  return judged == rest.size();
 }
 
 std::string fGetTonicNoteName(std::int16_t tonicId) {

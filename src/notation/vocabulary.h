@@ -43,6 +43,8 @@ std::string fGetEngForDev(const std::string& word);
 
 // Whether a word is a note, or two notes joined by one "'", in the script
 // (1 Devanagari, 2 English), with at most one ":" stuck to it at one end.
+// A word too long for the tokenizer to split (beyond 32767 characters) is
+// none.
 bool fIsLegalNote(const std::string& word, std::int16_t script);
 
 // "White-7 (B)" .. "Black-5 (A#)" for tonic ids 1 to 12; "" otherwise.

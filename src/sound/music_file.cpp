@@ -12,6 +12,7 @@
 #include "notation/text_utils.h"
 #include "sound/music_buffers.h"
 #include "sound/speed_factor.h"
+#include "sound/wave_folder.h"
 #include "tonvex/tonvex.h"
 
 namespace {
@@ -91,7 +92,7 @@ std::int16_t fCreateMusicFile(const std::vector<std::int16_t>& noteCodes,
                             kMusicLevel, gSynthVolume, kPeakPermille, kAttackMs, kSustainPct,
                             kReleaseMs);
   if (!fBuildSucceeded(result)) {
-    sShowMessage("Error creating music file");
+    if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error creating music file");
     return 0;
   }
   return 1;
@@ -111,7 +112,7 @@ std::int16_t fCreateMusicFileWithTaal1(std::int16_t count,
       gThekaInstrument, beatMs, gCurrBuildFile, gWavOption, kMusicLevel, gSynthVolume,
       kPeakPermille, kAttackMs, kSustainPct, kReleaseMs);
   if (!fBuildSucceeded(result)) {
-    sShowMessage("Music File Generation Failed");
+    if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Music File Generation Failed");
     return 0;
   }
   return 1;
@@ -125,6 +126,7 @@ std::int16_t fPrepareToPlaySelection1(std::int16_t buffer) {
   }
   const MusicBuffer& b = gMusicBuffers[static_cast<std::size_t>(buffer)];
   gCurrBuildFile = gWavFiles[static_cast<std::size_t>(buffer)];
+  sBeginWaveBuild();
   std::int16_t result = 0;
   if (gCurrItemType != 6 || gCurrPhraseKind != 8 || gThekaMode != 1) {
     result = fCreateMusicFile(b.NoteCodes, b.DurationsMs, b.Count);
@@ -134,7 +136,7 @@ std::int16_t fPrepareToPlaySelection1(std::int16_t buffer) {
                                        fCurrBeatMs(), buffer);
   }
   if (result == 0) {
-    sShowMessage("Error Preparing Music File");
+    if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error Preparing Music File");
     return 0;
   }
   return 1;

@@ -8,6 +8,7 @@
 #include "core/messages.h"
 #include "core/session.h"
 #include "sound/playback.h"
+#include "sound/wave_folder.h"
 #include "tonvex/tonvex.h"
 
 namespace {
@@ -21,6 +22,7 @@ constexpr int kReleaseMs = 50;
 std::int16_t generate(std::int32_t count, const std::string& notes, const std::string& durations,
                       std::int32_t droneMix, double level) {
   const std::string& file = gWavFiles[0];
+  sBeginWaveBuild();
   std::error_code ignored;
   std::filesystem::remove(file, ignored);
   return FWavGenerateMusicFile(count, notes, durations, file, droneMix, level, gSynthVolume,
@@ -46,7 +48,7 @@ bool fPlaySelectedNote(std::int16_t noteNumber, std::int32_t durationMs, std::in
   const std::string token = (noteNumber >= 0 && noteNumber < 10 ? "0" : "") + std::to_string(noteNumber);
   const std::int16_t result = generate(1, token, std::to_string(durationMs), droneMix, 0.2);
   if (result == 0 || !fileHasContent(gWavFiles[0])) {
-    sShowMessage("Error creating music file");
+    if (!fToldWaveFolderFault(gWavFiles[0])) sShowMessage("Error creating music file");
     return false;
   }
   playFile(gWavFiles[0]);

@@ -10,6 +10,7 @@
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
 #include "sound/play_chain.h"
+#include "sound/wave_folder.h"
 
 std::int16_t gFileOpened = 0;
 std::int16_t gNotifyCode = 0;
@@ -20,10 +21,13 @@ namespace {
 platform::AudioDevice& mediaControl() { return gCurrForm->control("cMM").device(); }
 
 // A file the device refuses ends the run as if its range had ended, after
-// telling the user why, so that the screen gets its Play button back.
+// telling the user why, so that the screen gets its Play button back. A
+// music file that could not be built for want of its folder has been told
+// as such: the sound settings are not to blame.
 void endRunOnRefusedFile(const platform::AudioDevice& mm, const std::string& file) {
-  sShowMessage("Nadavik could not play the sound file '" + file + "': " + mm.errorMessage() +
-               ". Please check your sound settings, then press Play again.");
+  if (!fToldWaveFolderFault(file))
+    sShowMessage("Nadavik could not play the sound file '" + file + "': " + mm.errorMessage() +
+                 ". Please check your sound settings, then press Play again.");
   gLooping = false;
   gPlaySet.Position = static_cast<std::int16_t>(gPlaySet.LastPhrase + 1);
   sDoCallback();
@@ -94,7 +98,8 @@ void sDoCallback() {
     case kContextWorkbench:
     case kContextComposer:
     case kContextMainOperations:
-      if (gCurrForm != nullptr && !fPlayMusicPhrases(*gCurrForm))
+      if (gCurrForm != nullptr && !fPlayMusicPhrases(*gCurrForm) &&
+          !fToldWaveFolderFault(gCurrBuildFile))
         sShowMessage("Error playing music phrases");
       break;
     default:  // the other owners play single files and need no next step

@@ -159,8 +159,8 @@ CREATE TABLE "Reed Colors" (
   PRIMARY KEY ("Reed Number")
 );
 
--- One row: the version stamp, Null until the program first stamps it.
+-- One row: the version stamp, written when the store is built
+-- (nvstore-build --stamp-version); the program only reads it.
 CREATE TABLE "NVVersion" (
   "Version" TEXT
 );
-INSERT INTO "NVVersion" ("Version") VALUES (NULL);

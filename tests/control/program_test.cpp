@@ -3,7 +3,12 @@
 // menus checked from the session and its trace entries, the usage
 // parameters kept between runs, and the refusals of bad starts.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
+#include <unistd.h>
 
+#include <algorithm>
+#include <csignal>
+#include <cstdlib>
 #include <filesystem>
 #include <fstream>
 #include <functional>
@@ -13,6 +18,7 @@
 #include "control/screen_table.h"
 #include "control/user_store.h"
 #include "core/session.h"
+#include "core/trace.h"
 #include "exploration/exploration.h"
 #include "platform/audio.h"
 #include "platform/screendef.h"
@@ -46,6 +52,64 @@ TEST(Program, CancelOnTheOpeningScreenEndsBeforeAnyFileIsTouched) {
   EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt"), "last run\n");
   EXPECT_FALSE(fs::exists(p.folder() / "mrB.nvy"));
   EXPECT_TRUE(p.messages().empty());
+}
+
+// The library is read-only data, stamped with the program's version when it
+// is built: a whole run, start to Exit, works with a library file that may
+// not be written, and leaves its every byte and its time of change alone.
+TEST(Program, AWholeRunLeavesAReadOnlyLibraryUntouched) {
+  ProgramHarness p;
+  const fs::path library = p.folder() / "mrA.nvy";
+  fs::permissions(library, fs::perms::owner_write | fs::perms::group_write | fs::perms::others_write,
+                  fs::perm_options::remove);
+  const std::string bytes = p.readFile(library);
+  const auto changed = fs::last_write_time(library);
+  p.start();
+  p.finishStartUp();
+  p.fire("Nadavik", "cExit", EventKind::Click);
+  p.settle();
+  for (const auto& m : p.messages()) ADD_FAILURE() << "unexpected message: " << m.text;
+  EXPECT_EQ(fExitStatus(), 0);
+  EXPECT_EQ(p.readFile(library), bytes);
+  EXPECT_EQ(fs::last_write_time(library), changed);
+  EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt").find("stamped with version"), std::string::npos);
+}
+
+// A folder the start cannot write is named in one message with the cause.
+// A temporary folder that is no folder leaves the program running without
+// music; a full disk, for which a limit on file size stands in, ends the
+// start and leaves the last run's trace whole rather than empty.
+TEST(Program, AFolderTheStartCannotWriteIsNamedInOneMessage) {
+  rlimit usual{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+  std::signal(SIGXFSZ, SIG_IGN);  // an over-long write then fails with EFBIG
+  const char* tmpdir = std::getenv("TMPDIR");
+  const std::string usualTmpdir = tmpdir != nullptr ? tmpdir : "/tmp";
+  const struct {
+    bool tmpdirUnderAFile;
+    rlim_t fileSizeLimit;
+    const char* cause;
+  } cases[] = {{true, usual.rlim_cur, "Not a directory"}, {false, 16, "File too large"}};
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.cause);
+    ProgramHarness p;
+    std::ofstream(p.folder() / "errtrace.txt") << "the last run's trace\n";
+    const fs::path underAFile = p.folder() / "mrA.nvy" / ("nadavik-" + std::to_string(getuid()));
+    if (c.tmpdirUnderAFile) setenv("TMPDIR", underAFile.parent_path().c_str(), 1);
+    const rlimit limit{std::min(c.fileSizeLimit, usual.rlim_max), usual.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    p.start();
+    setrlimit(RLIMIT_FSIZE, &usual);
+    setenv("TMPDIR", usualTmpdir.c_str(), 1);
+    const std::string folder = c.tmpdirUnderAFile ? underAFile.string() + "/" : p.folder().string();
+    ASSERT_EQ(p.messages().size(), 1u);
+    EXPECT_NE(p.messages()[0].text.find("'" + folder + "' (" + c.cause + ")"), std::string::npos)
+        << p.messages()[0].text;
+    EXPECT_EQ(fExitStatus(), c.tmpdirUnderAFile ? 0 : 1);
+    EXPECT_EQ(p.readFile(p.folder() / "errtrace.txt") == "the last run's trace\n", !c.tmpdirUnderAFile);
+    EXPECT_FALSE(fs::exists(p.folder() / "errtrace.txt.new"));
+    if (c.tmpdirUnderAFile) p.closeWindow("Nadavik");
+  }
 }
 
 TEST(Program, StartGreetsWithTheDroneThenShowsTipsThenEnablesTheMenu) {

@@ -6,8 +6,12 @@
 // accessibility interface changes the mode; Raga Info shows all the data.
 // Runs on Qt offscreen with the silent device on a virtual clock.
 #include <gtest/gtest.h>
+#include <sys/resource.h>
 
 #include <QAccessible>
+#include <algorithm>
+#include <csignal>
+#include <filesystem>
 #include <QMenu>
 #include <QWidget>
 #include <set>
@@ -140,7 +144,9 @@ TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
       {"S : : R", "word 3, \":\": empty segment."},
       {"S R:", "word 2, \"R:\": empty segment."},
       {manyNotes, "word 501, \"G\": too many notes (at most 500)."},
-      {std::string(10000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
+      // Longer than the tokenizer can place: it used to pass unjudged.
+      {std::string(40000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
+      {"S" + std::string(40000, ' ') + "R", "word 2, \"R\": beyond character 32767."},
   };
   std::size_t told = 0;
   for (const auto& c : cases) {
@@ -152,6 +158,41 @@ TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
     EXPECT_EQ(program.messages().back().text, kNotAllowed + "\nThe first wrong word is " + c.why);
     EXPECT_TRUE(ctl("cPlay").enabled() && ctl("cNVIllusList").enabled());
   }
+}
+
+// Music files are built in the program's folder under the temporary
+// folder. When it cannot take them (here not a folder at all, or full, for
+// which a limit on file size stands in), an item tells so in one message
+// that names the folder and the cause, where four boxes used to end by
+// blaming the sound settings; the item ends, and no file goes elsewhere.
+TEST_F(LearnerFixes, AMusicFolderThatCannotTakeTheFilesIsNamedInOneMessage) {
+  rlimit usual{};
+  ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
+  std::signal(SIGXFSZ, SIG_IGN);  // an over-long write then fails with EFBIG
+  const struct {
+    const char* cause;
+    std::string folder;
+    rlim_t fileSizeLimit;
+  } cases[] = {
+      {"Not a directory", (program.folder() / "mrA.nvy" / "nadavik").string() + "/", usual.rlim_cur},
+      {"File too large", gTempPath, std::min<rlim_t>(4096, usual.rlim_max)},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.cause);
+    gTempPath = c.folder;
+    gWavFiles = {gWavA = c.folder + "A.wav", gWavB = c.folder + "B.wav", gWavC = c.folder + "C.wav", ""};
+    const std::size_t before = program.messages().size();
+    const rlimit limit{c.fileSizeLimit, usual.rlim_max};
+    setrlimit(RLIMIT_FSIZE, &limit);
+    clickItem("Aroha");
+    runOut();
+    setrlimit(RLIMIT_FSIZE, &usual);
+    ASSERT_EQ(program.messages().size(), before + 1) << ::testing::PrintToString(messageTexts());
+    const std::string& text = program.messages().back().text;
+    EXPECT_NE(text.find("'" + c.folder + "' (" + c.cause + ")"), std::string::npos) << text;
+    EXPECT_TRUE(ctl("cNVIllusList").enabled());  // the item ended
+  }
+  EXPECT_FALSE(std::filesystem::exists("A.wav"));
 }
 
 // Under Devanagari the English note words play, and the box shows them in

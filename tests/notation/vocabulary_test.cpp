@@ -61,15 +61,17 @@ TEST_F(Vocabulary, WordTranslation) {
 }
 
 TEST_F(Vocabulary, LegalityOfOneWord) {
-  const std::tuple<const char*, std::int16_t, bool> rows[] = {
+  const std::tuple<std::string, std::int16_t, bool> rows[] = {
       {"S", 2, true},      {":S", 2, true},    {"S:", 2, true},    {":S:", 2, false},   {"S'R", 2, true},
       {"S'R'G", 2, false}, {"", 2, true},      {":", 2, true},     {"s", 2, false},     {"S'x", 2, false},
       {"::S", 2, false},   {"S'", 2, true},    {",", 2, false},    {"saa", 2, false},   {"saa'ro\\", 1, true},
       {":ina,", 1, true},  {"S", 1, false},
       // No script: no piece fails, but two apostrophes still do.
       {"anything", 0, true}, {"a'b'c", 0, false},
+      // Beyond the tokenizer's 32767 characters nothing is split or judged.
+      {std::string(32768, 'S'), 2, false}, {"S'" + std::string(40000, 'x'), 0, false},
   };
-  for (const auto& [word, script, legal] : rows) EXPECT_EQ(fIsLegalNote(word, script), legal) << word;
+  for (const auto& [word, script, legal] : rows) EXPECT_EQ(fIsLegalNote(word, script), legal) << word.substr(0, 20);
 }
 
 TEST_F(Vocabulary, TonicNamesAndAbsoluteNumbers) {

@@ -98,11 +98,13 @@ TEST_F(NvstoreBuild, AFaultySourceFailsAndNamesFileAndLine) {
   const std::string good = read("mrA.nvy");
   const struct {
     const char* file;
-    const char* text;
+    std::string text;
     std::string message;
   } cases[] = {
       {"content/ragas/bad.rec", "[Tala - Technical Information]\nTala Id = 7\nBeat Count = twelve\n",
        "bad.rec:3: column 'Beat Count' needs a number"},
+      {"content/ragas/bad.rec", std::string("[Prompts]\nPrompt Id = 2\nPrompt = a\0b\n", 37),
+       "bad.rec:3: the line holds a NUL byte"},
       {"screens/Bad.screen", "screen Bad id=2\nwidget W\n", "Bad.screen:2:"},
       {"shared.sql", "CREATE TABLE (", "shared.sql:"},
   };

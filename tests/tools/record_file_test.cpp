@@ -47,7 +47,7 @@ TEST(RecordFile, ReadsRowsContinuationsAndValues) {
 }
 
 TEST(RecordFile, FaultsNameTheirLine) {
-  const std::tuple<const char*, int, const char*> cases[] = {
+  const std::tuple<std::string, int, const char*> cases[] = {
       {"A = 1\n", 1, "before the first"},
       {"[T]\nA = 1\nA = 2\n", 3, "twice"},
       {"[T]\nno equals sign\n", 2, "expected"},
@@ -56,6 +56,7 @@ TEST(RecordFile, FaultsNameTheirLine) {
       {"  S R\n", 1, "continuation"},
       {"[T]\nA = \"\"\n  more\n", 3, "cannot be continued"},
       {"[T\nA = 1\n", 1, "header"},
+      {std::string("[T]\nA = x\0y\n", 12), 2, "NUL byte"},
   };
   for (const auto& [text, line, words] : cases) {
     const auto r = parseRecordText(text, "f.rec");

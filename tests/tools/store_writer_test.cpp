@@ -11,7 +11,8 @@ namespace {
 
 const char* kSchema =
     "CREATE TABLE \"Tala - Technical Information\" (\"Tala Id\" INTEGER NOT NULL, "
-    "\"Tala Name\" TEXT, \"Beat Count\" INTEGER, \"Ratio\" REAL, PRIMARY KEY (\"Tala Id\"));";
+    "\"Tala Name\" TEXT, \"Beat Count\" INTEGER, \"Ratio\" REAL, \"Raga Index\" INTEGER, "
+    "PRIMARY KEY (\"Tala Id\"));";
 
 // An in-memory store with the schema; query() gives every row as
 // "value:type|..." with SQLite's type numbers (1 integer, 2 float, 3 text, 5 Null).
@@ -46,7 +47,7 @@ struct MemoryStore {
 TEST(StoreWriter, ConvertsToTheDeclaredTypeAndKeepsNullAndEmptyText) {
   MemoryStore s;
   ASSERT_TRUE(s.insert("[Tala - Technical Information]\nTala Id = 1\nTala Name = \"\"\nRatio = 0.5\n"));
-  EXPECT_EQ(s.query("SELECT * FROM \"Tala - Technical Information\""), "1:1|:3|NULL:5|0.5:2;");
+  EXPECT_EQ(s.query("SELECT * FROM \"Tala - Technical Information\""), "1:1|:3|NULL:5|0.5:2|NULL:5;");
 }
 
 TEST(StoreWriter, FaultsNameTheLineAndRollBackEverything) {
@@ -58,6 +59,8 @@ TEST(StoreWriter, FaultsNameTheLineAndRollBackEverything) {
       {"[Talas]\nTala Id = 1\n", 1, "no table [Talas]"},
       {"[Tala - Technical Information]\nTala Id = 1\n[Tala - Technical Information]\nTala Id = 1\n", 3, "refused"},
       {"[Tala - Technical Information]\nTala Name = x\n", 1, "lacks its key column"},
+      {"[Tala - Technical Information]\nTala Id = 1\nRaga Index = -3\n", 3, "between 1 and 32767, not '-3'"},
+      {"[Tala - Technical Information]\nTala Id = 1\nRaga Index = 32768\n", 3, "between 1 and 32767"},
   };
   for (const auto& [text, line, words] : cases) {
     MemoryStore s;

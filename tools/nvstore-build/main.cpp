@@ -2,17 +2,19 @@
 //
 //   nvstore-build --schema <schema.sql> [--schema <more.sql> ...] --out <store>
 //                 [--content <folder>] [--screens <folder>] [--depfile <file>]
-//                 [--keep-existing] [more.rec ...]
+//                 [--stamp-version <version>] [--keep-existing] [more.rec ...]
 //
 // The schema files run in the order given, as one script (a store's own
 // tables and those it shares with the other store).
 // Every *.rec under --content, every *.screen under --screens (their layout
 // rows) and each record file named on the line go into the store. Faults are
 // printed as "file:line: message" and end the program with status 1, so the
-// build fails. --keep-existing leaves a store that is already there alone
-// (the user store is made once and then belongs to the user). --depfile
-// writes the sources and their folders for the build system, so that
-// editing, adding or removing a source rebuilds the store.
+// build fails. --stamp-version writes the program's version as the one
+// row of NVVersion, so that the library is complete when it is built and
+// the program never has to write to it. --keep-existing leaves a store that
+// is already there alone (the user store is made once and then belongs to
+// the user). --depfile writes the sources and their folders for the build
+// system, so that editing, adding or removing a source rebuilds the store.
 #include <algorithm>
 #include <cstdio>
 #include <fstream>
@@ -29,7 +31,7 @@
 namespace {
 
 struct Options {
-  std::string out, content, screens, depfile;
+  std::string out, content, screens, depfile, version;
   std::vector<std::string> schemas;
   bool keepExisting = false;
   std::vector<std::string> extraRecords;
@@ -49,6 +51,7 @@ bool parseOptions(int argc, char** argv, Options& o) {
     else if (a == "--content") ok = next(o.content);
     else if (a == "--screens") ok = next(o.screens);
     else if (a == "--depfile") ok = next(o.depfile);
+    else if (a == "--stamp-version") ok = next(o.version) && !o.version.empty();
     else if (a == "--keep-existing") o.keepExisting = true;
     else if (a.rfind("--", 0) == 0) ok = false;
     else o.extraRecords.push_back(a);
@@ -91,7 +94,7 @@ int main(int argc, char** argv) {
   if (!parseOptions(argc, argv, o)) {
     std::cerr << "usage: nvstore-build --schema <schema.sql> [--schema <more.sql> ...] --out <store>\n"
                  "       [--content <folder>] [--screens <folder>] [--depfile <file>]\n"
-                 "       [--keep-existing] [more.rec ...]\n";
+                 "       [--stamp-version <version>] [--keep-existing] [more.rec ...]\n";
     return 2;
   }
   if (o.keepExisting && std::filesystem::exists(o.out)) return 0;
@@ -112,6 +115,7 @@ int main(int argc, char** argv) {
   for (const std::string& f : records) add(nvstore::readRecordFile(f), rows, errors);
   const std::vector<std::string> screens = nvstore::filesUnder(o.screens, ".screen");
   for (const std::string& f : screens) add(nvstore::readScreenFile(f), rows, errors);
+  if (!o.version.empty()) rows.push_back({"NVVersion", "--stamp-version", 0, {{"Version", o.version, 0}}});
 
   inputs.insert(inputs.end(), records.begin(), records.end());
   inputs.insert(inputs.end(), screens.begin(), screens.end());

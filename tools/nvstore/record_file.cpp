@@ -85,6 +85,12 @@ struct Parser {
   }
 
   void line(const std::string& raw, int lineNo) {
+    // The store keeps a text whole, but the program reads it only up to a
+    // NUL byte: a value holding one would be cut short without a word.
+    if (raw.find('\0') != std::string::npos) {
+      error(lineNo, "the line holds a NUL byte, which no name or value may contain");
+      return;
+    }
     const std::string text = trim(raw);
     if (text.empty() || raw[0] == '#') return;
     if (raw[0] == ' ' || raw[0] == '\t') {

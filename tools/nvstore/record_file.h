@@ -2,7 +2,8 @@
 // store's rows. A row is a "[Table Name]" header followed by
 // "Column Name = value" lines; an indented line continues the previous
 // value, joined with one blank; `""` is the empty text; a column that is
-// not given is Null. Keeps no state: each call reads one text.
+// not given is Null. A line holding a NUL byte is a fault. Keeps no
+// state: each call reads one text.
 #pragma once
 
 #include <string>

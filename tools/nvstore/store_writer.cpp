@@ -61,25 +61,45 @@ bool wholeReal(const std::string& s, double& out) {
   return *end == '\0';
 }
 
-// Binds one field's value as its column's type; false when it is no number.
-bool bindField(sqlite3_stmt* st, int slot, const Field& f, Affinity affinity) {
+// Numbers the program relies on lying in a range. A raga's index is held
+// in a 16-bit variable and ragas are numbered from 1, so a negative or
+// larger index would name no raga the program can reach.
+struct ColumnRange {
+  const char* column;
+  sqlite3_int64 lowest, highest;
+};
+constexpr ColumnRange kColumnRanges[] = {{"Raga Index", 1, 32767}};
+
+// Why a whole number does not suit its column; "" when it does.
+std::string rangeFault(const Field& f, sqlite3_int64 value) {
+  for (const ColumnRange& r : kColumnRanges)
+    if (f.column == r.column && (value < r.lowest || value > r.highest))
+      return "must lie between " + std::to_string(r.lowest) + " and " + std::to_string(r.highest) +
+             ", not '" + f.value + "'";
+  return "";
+}
+
+// Binds one field's value as its column's type; why it cannot be bound
+// ("" when it was).
+std::string bindField(sqlite3_stmt* st, int slot, const Field& f, Affinity affinity) {
+  const std::string notANumber = "needs a number, not '" + f.value + "'";
   sqlite3_int64 i = 0;
   double d = 0;
   switch (affinity) {
     case Affinity::Integer:
-      if (!wholeInteger(f.value, i)) return false;
+      if (!wholeInteger(f.value, i)) return notANumber;
       sqlite3_bind_int64(st, slot, i);
-      return true;
+      return rangeFault(f, i);
     case Affinity::Real:
-      if (!wholeReal(f.value, d)) return false;
+      if (!wholeReal(f.value, d)) return notANumber;
       sqlite3_bind_double(st, slot, d);
-      return true;
+      return "";
     case Affinity::Text:
       sqlite3_bind_text(st, slot, f.value.c_str(), static_cast<int>(f.value.size()),
                         SQLITE_TRANSIENT);
-      return true;
+      return "";
   }
-  return false;
+  return notANumber;
 }
 
 // Inserts one row; appends an error naming its source line on a fault.
@@ -111,8 +131,9 @@ void insertRow(sqlite3* db, const Row& row, const TableColumns& cols,
   bool ok = true;
   for (std::size_t i = 0; i < row.fields.size() && ok; ++i) {
     const Field& f = row.fields[i];
-    ok = bindField(st, static_cast<int>(i) + 1, f, cols.at(f.column).affinity);
-    if (!ok) errors.push_back({row.file, f.line, "column '" + f.column + "' needs a number, not '" + f.value + "'"});
+    const std::string fault = bindField(st, static_cast<int>(i) + 1, f, cols.at(f.column).affinity);
+    ok = fault.empty();
+    if (!ok) errors.push_back({row.file, f.line, "column '" + f.column + "' " + fault});
   }
   if (ok && sqlite3_step(st) != SQLITE_DONE)
     errors.push_back({row.file, row.line, "row of [" + row.table + "] refused: " + sqlite3_errmsg(db)});

@@ -19,7 +19,8 @@ bool applySchema(sqlite3* db, const std::string& schemaSql, const std::string& s
                  std::vector<SourceError>& errors);
 
 // Inserts the rows in one transaction. Unknown tables or columns,
-// non-numeric values in numeric columns and key clashes are errors; the
+// non-numeric values in numeric columns, a Raga Index outside 1 to 32767
+// and key clashes are errors; the
 // transaction is rolled back when there is any. Returns true when clean.
 bool insertRows(sqlite3* db, const std::vector<Row>& rows, std::vector<SourceError>& errors);
 
