@@ -103,9 +103,9 @@ void sInitMainOperations() {
   form.control("Option1").setValue(-1);
   form.control("cMnuDev").setVisible(gDevnagariOk == kTrue);
 
-  // The raga's notes, those of its aroha and avroha, are marked on the
-  // keyboard while this screen and those it opens show the raga.
-  sSetRagaNoteClasses(fGetFromT_ScalePhraseUnSeg(1));
+  // The raga's notes, those of its aroha and avroha, are marked on this
+  // screen's keyboard.
+  sSetRagaNoteClasses(form, fGetFromT_ScalePhraseUnSeg(1));
   sLoadKBReedsAndLabels(form);
   if (gKeyboardDisplay == 1) {
     form.control("cLine1").setVisible(true);
@@ -122,6 +122,5 @@ void sInitMainOperations() {
 
 void sTerminateMainOperations() {
   NV_PROC("sTerminateMainOperations");
-  sSetRagaNoteClasses("");
   sStructuredTermination(1);
 }

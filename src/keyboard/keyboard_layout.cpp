@@ -59,7 +59,7 @@ void placeLabel(platform::Screen& form, std::int16_t n, const KeyMeasures& m, bo
   label.setLeft(key.left() + std::round((key.width() - m.labelWidth) / 2));
   label.setTop(white ? key.top() + m.blackHeight + kLabelGapPx
                      : key.top() + key.height() - std::round(1.1f * height));
-  label.setBackColor(fReedLabelBackColor(n));
+  label.setBackColor(fReedLabelBackColor(form, n));
   if (show) label.setVisible(true);
 }
 

@@ -11,6 +11,7 @@
 
 std::int16_t gReedOffset = 0;
 std::array<bool, 12> gRagaNoteClasses = {};
+const platform::Screen* gRagaNotesScreen = nullptr;
 
 namespace {
 
@@ -54,7 +55,8 @@ void addNoteClass(std::string piece) {
 
 }  // namespace
 
-void sSetRagaNoteClasses(const std::string& englishPhrase) {
+void sSetRagaNoteClasses(const platform::Screen& form, const std::string& englishPhrase) {
+  gRagaNotesScreen = &form;
   gRagaNoteClasses = {};
   std::istringstream words(englishPhrase);
   for (std::string word; words >> word;) {
@@ -63,9 +65,9 @@ void sSetRagaNoteClasses(const std::string& englishPhrase) {
   }
 }
 
-int fReedLabelBackColor(std::int32_t reed) {
+int fReedLabelBackColor(const platform::Screen& form, std::int32_t reed) {
   if (isMiddleSa(reed)) return kTonicMarkerColor;
-  if (isRagaNote(reed)) return kRagaNoteMarkerColor;
+  if (&form == gRagaNotesScreen && isRagaNote(reed)) return kRagaNoteMarkerColor;
   return fReedDefaultColor(static_cast<std::int16_t>(reed));
 }
 
@@ -82,12 +84,12 @@ void sUpdateReedLabelsAlt(platform::Screen& form) {
     setLabelFont(label);
     label.setCaption(noteNameOnReed(n));
     label.setForeColor(fReedLabelTextColor(n));
-    label.setBackColor(fReedLabelBackColor(n));
+    label.setBackColor(fReedLabelBackColor(form, n));
   }
 }
 
 void sSetAllReedLabelColorToDefault(platform::Screen& form) {
   NV_PROC("sSetAllReedLabelColorToDefault");
   for (std::int16_t n = 0; n <= kHighestReed; ++n)
-    if (form.hasControl("cL", n)) form.control("cL", n).setBackColor(fReedLabelBackColor(n));
+    if (form.hasControl("cL", n)) form.control("cL", n).setBackColor(fReedLabelBackColor(form, n));
 }

@@ -39,7 +39,7 @@ void sColorReedLabel(platform::Screen& form, std::int32_t reed, int colour) {
 void sRestoreReedLabel(platform::Screen& form, std::int32_t reed) {
   if (onKeyboard(form, reed))
     form.control("cL", static_cast<int>(reed))
-        .setBackColor(fReedLabelBackColor(reed));
+        .setBackColor(fReedLabelBackColor(form, reed));
 }
 
 void sMarkNoteReeds(platform::Screen& form, std::int32_t code, bool withGrace) {

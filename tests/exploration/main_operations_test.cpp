@@ -29,7 +29,7 @@ class MainOperationsTest : public ExplorationTest {
   int markedReedCount() {
     int marked = 0;
     for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
-      marked += screen().hasControl("cL", n) && screen().control("cL", n).backColor() != fReedLabelBackColor(n);
+      marked += screen().hasControl("cL", n) && screen().control("cL", n).backColor() != fReedLabelBackColor(screen(), n);
     return marked;
   }
 };
