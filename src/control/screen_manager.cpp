@@ -13,6 +13,7 @@
 #include "core/errors.h"
 #include "core/session.h"
 #include "core/trace.h"
+#include "keyboard/keyboard_layout.h"
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "store/positioning.h"
@@ -216,6 +217,8 @@ void sResizeForm() {
   gResizeEnabled = 0;
   sSetFormParameters();
   sShowForm(0);
+  // The layout rows place cLine1 but not the keys built at run time.
+  sRelayKeyboard(*gCurrForm);
 }
 
 void sRevertToParentForm() {

@@ -29,6 +29,8 @@ platform::Screen* fFormById(std::int16_t formId);
 void sSetCurrFormById();
 void sShowForm(std::int16_t mode);
 void sSetFormParameters();
+// After a change of window size: the controls laid out again from the
+// screen's ratios, and a keyboard on show with them.
 void sResizeForm();
 void sRevertToParentForm();
 void sStructuredTermination(std::int16_t levels);

@@ -18,6 +18,9 @@ class Screen;
 void sMainOperations(std::int16_t event);
 void sInitMainOperations();
 void sTerminateMainOperations();
+// Lays out the row of lists, the mode frame and the prompts by the lists
+// that have items; on entry and after every change of the window's size.
+void sLayOutMOColumns(platform::Screen& form);
 // Binds the handlers of the screen's controls and menus, and makes
 // sDisplayMPPrompt the chain's prompt procedure.
 void sBindMainOperationsEvents(platform::Screen& screen);

@@ -123,6 +123,12 @@ void sBindMainOperationsEvents(platform::Screen& screen) {
   bindPlayButtons(screen);
   bindMenus(screen);
   sBindTraceMenuEvents(screen);
+  // A change of size lays the controls out from the screen's ratios; the
+  // row of lists, which the screen arranges by its content, follows.
+  screen.on("", EventKind::Resize, [&screen](const Event&) {
+    sResizeForm();
+    sLayOutMOColumns(screen);
+  });
   gPlayScreenProcedures.displayPrompt = sDisplayMPPrompt;
   gPlayScreenProcedures.owners[kContextMainOperations] = sMainOperations;
 }

@@ -14,13 +14,20 @@
 #include "exploration/illustrations.h"
 #include "exploration/prompts.h"
 #include "keyboard/keyboard_layout.h"
+#include "keyboard/reed_labels.h"
 #include "platform/screen.h"
 #include "sound/play_state.h"
 #include "sound/playback.h"
+#include "store/working_record.h"
 
 namespace {
 
 constexpr std::int16_t kTrue = -1;
+
+// Margin of the row of lists at each side, and the space between columns,
+// as parts of the window's width.
+constexpr float kRowMargin = 0.02F;
+constexpr float kColumnGap = 0.02F;
 
 // Places a list (or the mode frame) and its label at `left`; answers the
 // left edge of the next column.
@@ -29,7 +36,7 @@ float fPlaceColumn(platform::Screen& form, const char* list, const char* label, 
   form.control(label).setLeft(left);
   form.control(list).setVisible(true);
   form.control(label).setVisible(true);
-  return left + form.control(list).width() + 0.02F * form.width();
+  return left + form.control(list).width() + kColumnGap * form.width();
 }
 
 void sHideColumn(platform::Screen& form, const char* list, const char* label) {
@@ -37,11 +44,16 @@ void sHideColumn(platform::Screen& form, const char* list, const char* label) {
   form.control(label).setVisible(false);
 }
 
-// The row of lists, centred: the library's items, the user's items and
-// the scales when they have any, then the mode frame.
-void sLayOutLists(platform::Screen& form) {
-  const float listWidth = form.control("cNVIllusList").width();
-  float left = form.width() / 2 - (2 * listWidth + 0.03F * form.width());
+}  // namespace
+
+// The row under the raga's data, from the left margin: the library's
+// items, the user's items and the scales when they have any, the mode
+// frame, and the prompts in the rest of the row. (The columns used to be
+// centred, with the prompts in a row of their own below: on a 1366x768
+// screen that left room neither for a list of nine items nor for the
+// whole prompt.)
+void sLayOutMOColumns(platform::Screen& form) {
+  float left = kRowMargin * form.width();
   left = fPlaceColumn(form, "cNVIllusList", "Label1", left);
   if (gUserItemsShown == kTrue)
     left = fPlaceColumn(form, "cUserIllusList", "Label8", left);
@@ -56,10 +68,11 @@ void sLayOutLists(platform::Screen& form) {
   const float shift = left - form.control("Frame1").left();
   for (const char* option : {"Option1", "Option2", "Option3"})
     form.control(option).setLeft(form.control(option).left() + shift);
-  fPlaceColumn(form, "Frame1", "Label17", left);
+  left = fPlaceColumn(form, "Frame1", "Label17", left);
+  platform::Control& prompts = form.control("cPrompts");
+  prompts.setLeft(left);
+  prompts.setWidth((1 - kRowMargin) * form.width() - left);
 }
-
-}  // namespace
 
 void sInitMainOperations() {
   NV_PROC("sInitMainOperations");
@@ -85,11 +98,14 @@ void sInitMainOperations() {
   gModeFrameShown = kTrue;
   gUserItemsShown = fLoadUserIllustrationsList();
   form.control("cLine2").setVisible(true);
-  sLayOutLists(form);
+  sLayOutMOColumns(form);
 
   form.control("Option1").setValue(-1);
   form.control("cMnuDev").setVisible(gDevnagariOk == kTrue);
 
+  // The raga's notes, those of its aroha and avroha, are marked on this
+  // screen's keyboard.
+  sSetRagaNoteClasses(form, fGetFromT_ScalePhraseUnSeg(1));
   sLoadKBReedsAndLabels(form);
   if (gKeyboardDisplay == 1) {
     form.control("cLine1").setVisible(true);

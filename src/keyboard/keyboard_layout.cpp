@@ -13,22 +13,28 @@
 
 namespace {
 
-// Space between the keyboard and the window's sides.
-constexpr float kSideMarginPx = 2;
+// Space between a white key's label and the black keys above it, and
+// between the label and the key's foot.
+constexpr float kLabelGapPx = 2;
 
-// The key and label measures at one tonic, in whole pixels.
+// The key and label measures at one tonic, in whole pixels. A white key's
+// label fills the strip of the key below the black keys, so that no black
+// key covers the top of its text (a komal mark, a curl, a tivra stroke); a
+// black key's label sits at the foot of its key.
 struct KeyMeasures {
-  float whiteWidth, whiteHeight, blackWidth, blackHeight, labelWidth, labelHeight;
+  float whiteWidth, whiteHeight, blackWidth, blackHeight, labelWidth, blackLabelHeight,
+      whiteLabelHeight;
 };
 
-KeyMeasures measuresFor(float keyboardWidth, int whiteCount) {
+KeyMeasures measuresFor(float keyboardWidth, float formHeight, int whiteCount) {
   KeyMeasures m{};
-  m.whiteHeight = std::round(gFormH / 4);
+  m.whiteHeight = std::round(formHeight / 4);
   m.whiteWidth = std::round(keyboardWidth / static_cast<float>(whiteCount));
-  m.blackHeight = std::round(gFormH / 5.5f);
+  m.blackHeight = std::round(formHeight / 5.5f);
   m.blackWidth = std::round(m.whiteWidth / 1.5f);
   m.labelWidth = std::round(m.blackWidth * 0.9f);
-  m.labelHeight = m.blackWidth;
+  m.blackLabelHeight = m.blackWidth;
+  m.whiteLabelHeight = m.whiteHeight - m.blackHeight - 2 * kLabelGapPx;
   return m;
 }
 
@@ -41,15 +47,19 @@ std::vector<std::int16_t> reedsOfColour(std::int16_t colourType) {
 
 bool hasKeyboard(platform::Screen& form) { return form.hasControl("cR", 0); }
 
-// Places a reed's label centred at the foot of its key.
+// Places a reed's label centred on its key: on a white key in the strip
+// below the black keys, on a black key at its foot.
 void placeLabel(platform::Screen& form, std::int16_t n, const KeyMeasures& m, bool show) {
   platform::Control& key = form.control("cR", n);
   platform::Control& label = form.control("cL", n);
-  label.setHeight(m.labelHeight);
+  const bool white = gReedColorType[static_cast<std::size_t>(n)] == kWhiteReed;
+  const float height = white ? m.whiteLabelHeight : m.blackLabelHeight;
+  label.setHeight(height);
   label.setWidth(m.labelWidth);
   label.setLeft(key.left() + std::round((key.width() - m.labelWidth) / 2));
-  label.setTop(key.top() + key.height() - std::round(1.1f * m.labelHeight));
-  label.setBackColor(fReedDefaultColor(n));
+  label.setTop(white ? key.top() + m.blackHeight + kLabelGapPx
+                     : key.top() + key.height() - std::round(1.1f * height));
+  label.setBackColor(fReedLabelBackColor(form, n));
   if (show) label.setVisible(true);
 }
 
@@ -90,9 +100,11 @@ void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show) {
   if (!hasKeyboard(form) || gCurrTonicNoteId < 1 || gCurrTonicNoteId > 12) return;
   sLoadKBReedsAndLabels(form);
   const bool visible = show == 1;
+  // The keyboard spans cLine1 as the screen's layout placed it, so that it
+  // follows the window's width, maximised or not.
   platform::Control& line = form.control("cLine1");
-  const float x1 = kSideMarginPx;
-  const float x2 = form.width() - kSideMarginPx;
+  const float x1 = std::round(line.x1());
+  const float x2 = std::round(line.x2());
   const float top = std::round(line.y1());
   line.setLine(x1, top, x2, top);
   line.setVisible(true);
@@ -102,14 +114,19 @@ void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show) {
   hideReedsOutsideRange(form);
 
   const std::vector<std::int16_t> whites = reedsOfColour(kWhiteReed);
-  const KeyMeasures m = measuresFor(x2 - x1, static_cast<int>(whites.size()));
-  float x = x1;
-  for (std::int16_t n : whites) {
-    platform::Control& key = form.control("cR", n);
-    placeKey(key, x, top, m.whiteWidth, m.whiteHeight, kWhiteReedColor, visible);
-    // Neighbouring keys share their borders.
-    x += m.whiteWidth - static_cast<float>(key.borderStyle());
-    placeLabel(form, n, m, visible);
+  if (whites.empty()) return;
+  const KeyMeasures m = measuresFor(x2 - x1, form.height(), static_cast<int>(whites.size()));
+  // Neighbouring keys share their borders. Each key's edges are rounded
+  // from the exact pitch, so that the last key ends at the line's end
+  // however many keys share its width.
+  const float border = static_cast<float>(form.control("cR", whites.front()).borderStyle());
+  const float pitch = (x2 - x1 - border) / static_cast<float>(whites.size());
+  for (std::size_t i = 0; i < whites.size(); ++i) {
+    const float left = x1 + std::round(static_cast<float>(i) * pitch);
+    const float right = x1 + std::round(static_cast<float>(i + 1) * pitch) + border;
+    placeKey(form.control("cR", whites[i]), left, top, right - left, m.whiteHeight, kWhiteReedColor,
+             visible);
+    placeLabel(form, whites[i], m, visible);
   }
   // A black key sits centred on the joint before the next white key.
   for (std::int16_t n : reedsOfColour(kBlackReed)) {
@@ -118,6 +135,12 @@ void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show) {
              visible);
     placeLabel(form, n, m, visible);
   }
+}
+
+void sRelayKeyboard(platform::Screen& form) {
+  NV_PROC("sRelayKeyboard");
+  if (!hasKeyboard(form) || gFirstReed < kLowestReed || !form.hasControl("cR", gFirstReed)) return;
+  if (form.control("cR", gFirstReed).visible()) sDisplayKeyboardAlt(form, 1);
 }
 
 void sHideKeyboard(platform::Screen& form) {

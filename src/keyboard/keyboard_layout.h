@@ -19,10 +19,16 @@ class Screen;
 // before the black ones, so that a black key lies on top of its neighbours.
 void sLoadKBReedsAndLabels(platform::Screen& form);
 
-// Lays out the reeds of the current tonic's range along cLine1 and sets
-// their default colours; show 1 makes them visible. Reeds outside the
-// range are hidden. A tonic outside 1 to 12 leaves the keyboard as it is.
+// Lays out the reeds of the current tonic's range along cLine1, from its
+// left end to its right end as the screen's layout placed it, with key
+// heights in proportion to the window's height, and sets their resting
+// colours; show 1 makes them visible. Reeds outside the range are hidden.
+// A tonic outside 1 to 12 leaves the keyboard as it is.
 void sDisplayKeyboardAlt(platform::Screen& form, std::int16_t show);
+// Lays a keyboard on show out again after the window changed its size (the
+// screen's layout moves cLine1 but knows nothing of the keys); a hidden
+// keyboard stays hidden.
+void sRelayKeyboard(platform::Screen& form);
 
 // Hides every key, label and cLine1.
 void sHideKeyboard(platform::Screen& form);

@@ -39,7 +39,7 @@ void sColorReedLabel(platform::Screen& form, std::int32_t reed, int colour) {
 void sRestoreReedLabel(platform::Screen& form, std::int32_t reed) {
   if (onKeyboard(form, reed))
     form.control("cL", static_cast<int>(reed))
-        .setBackColor(fReedDefaultColor(static_cast<std::int16_t>(reed)));
+        .setBackColor(fReedLabelBackColor(form, reed));
 }
 
 void sMarkNoteReeds(platform::Screen& form, std::int32_t code, bool withGrace) {
@@ -57,5 +57,5 @@ void sRestoreNoteReeds(platform::Screen& form, std::int32_t code) {
 void sUnMarkAllReeds(platform::Screen& form) {
   NV_PROC("sUnMarkAllReeds");
   for (std::int16_t n = kLowestReed; n <= kLastUnmarkedReed; ++n)
-    if (form.hasControl("cL", n)) form.control("cL", n).setForeColor(0);
+    if (form.hasControl("cL", n)) form.control("cL", n).setForeColor(fReedLabelTextColor(n));
 }

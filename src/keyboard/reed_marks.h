@@ -24,7 +24,7 @@ std::int16_t fReedOfNote(std::int32_t noteNumber);
 // Sets the label of reed n to colour; a reed off the keyboard (0 or less,
 // above 40, or not on this screen) is left alone without error.
 void sColorReedLabel(platform::Screen& form, std::int32_t reed, int colour);
-// Gives reed n's label its reed's own colour again; off the keyboard as above.
+// Gives reed n's label its resting colour again; off the keyboard as above.
 void sRestoreReedLabel(platform::Screen& form, std::int32_t reed);
 
 // Marks the reeds of a note code: the main note red and, when withGrace is
@@ -33,5 +33,5 @@ void sMarkNoteReeds(platform::Screen& form, std::int32_t code, bool withGrace);
 // Restores the reeds of a note code, grace note included.
 void sRestoreNoteReeds(platform::Screen& form, std::int32_t code);
 
-// Sets the label text colour of reeds 1 to 31 back to black.
+// Sets the label text colour of reeds 1 to 31 back to its resting colour.
 void sUnMarkAllReeds(platform::Screen& form);

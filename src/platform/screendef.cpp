@@ -155,6 +155,7 @@ bool applyControlKey(ControlDefinition& c, const std::string& key, const std::st
   else if (key == "locked") ok = toFlag(value, c.locked);
   else if (key == "multiline") ok = toFlag(value, c.multiline);
   else if (key == "border") ok = toFlag(value, c.border);
+  else if (key == "centred") ok = toFlag(value, c.centred);
   else if (key == "checked") ok = toFlag(value, c.checked);
   else if (key == "forecolor") {
     ok = toIntIn(key, value, 0, kMaxColor, n, problem);

@@ -48,6 +48,7 @@ struct ControlDefinition {
   bool locked = false;
   bool multiline = false;
   bool border = false;
+  bool centred = false;     // a label's text centred in its box (else top left)
   bool checked = false;
   std::optional<int> foreColor;
   std::optional<int> backColor;

@@ -2,6 +2,7 @@
 #include "sound/play_reeds.h"
 
 #include "core/errors.h"
+#include "keyboard/reed_labels.h"
 #include "keyboard/reed_marks.h"
 #include "keyboard/reeds.h"
 #include "platform/screen.h"
@@ -64,7 +65,7 @@ void sToggleCurrKBNote(std::int16_t mode, platform::Screen& form) {
   const std::int32_t code = codeAt(*buffer, buffer->CurrNote - 1);
   const std::int16_t reed = fReedOfNote(fMainNoteOfCode(code));
   if (code < 0 || reed < kLowestReed || reed > kHighestReed || !form.hasControl("cL", reed)) return;
-  if (mode == 1) form.control("cL", reed).setForeColor(0);
+  if (mode == 1) form.control("cL", reed).setForeColor(fReedLabelTextColor(reed));
   if (mode == 2) form.control("cL", reed).setForeColor(kMarkedTextColor);
 }
 

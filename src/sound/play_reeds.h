@@ -20,7 +20,8 @@ void sPlayReeds1Alt(platform::Screen& form);
 // Restores the reeds of note `index` (0-based) of the current buffer, grace
 // note included. An index outside the buffer does nothing.
 void sSetReedLabelColorToDefault(platform::Screen& form, std::int16_t index);
-// Label text of the current note's main reed: mode 1 black, mode 2 red.
+// Label text of the current note's main reed: mode 1 its resting colour
+// (black, white on the middle Sa), mode 2 red.
 void sToggleCurrKBNote(std::int16_t mode, platform::Screen& form);
 // Sets the label text of every note of the current buffer back to black;
 // leaves the buffer's current note at its count.

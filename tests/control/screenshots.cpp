@@ -3,7 +3,11 @@
 // menu at the given window size and saves what it shows.
 //
 //   nadavik_screenshots OUT_FOLDER [WIDTH HEIGHT]
+//
+// The desktop's size is the offscreen platform's screen: give it with
+// QT_QPA_PLATFORM=offscreen:configfile=FILE (see docs/screenshots).
 #include <QApplication>
+#include <QScreen>
 #include <QWidget>
 #include <cstdio>
 #include <string>
@@ -34,6 +38,31 @@ void save(ProgramHarness& p, const std::string& screen, const std::string& file)
   p.settle();
   s.drawingArea()->window()->grab().save(QString::fromStdString(file));
   std::printf("%s\n", file.c_str());
+}
+
+// Yaman's aroha in Demo halfway through, in English and in Devanagari.
+void saveDemo(ProgramHarness& p, const std::string& out, const std::string& size) {
+  for (const char* script : {"cMnuEng", "cMnuDev"}) {
+    p.fire("MainOperations", script, platform::EventKind::Click);
+    clickItem(p, "Aroha");
+    p.clock().advance(2500);
+    save(p, "MainOperations",
+         out + "/MainOperations-demo-" + (script[4] == 'D' ? "devanagari-" : "english-") + size + ".png");
+    p.fire("MainOperations", "cStop", platform::EventKind::Click);
+    p.clock().advance(500);
+  }
+}
+
+// Maximises a screen's window as its maximise button would.
+void maximise(ProgramHarness& p, const std::string& screen) {
+  p.fire(screen, "", platform::EventKind::Activate);
+  p.screen(screen).setWindowState(2);
+  p.settle();
+}
+
+std::string desktopSize() {
+  const QRect area = QGuiApplication::primaryScreen()->availableGeometry();
+  return std::to_string(area.width()) + "x" + std::to_string(area.height());
 }
 
 }  // namespace
@@ -72,25 +101,22 @@ int main(int argc, char** argv) {
     save(p, screen, out + "/" + screen + "-" + size + ".png");
     p.fire(screen, "cReturn", platform::EventKind::Click);
   }
-  // Yaman on the exploration screen: its aroha in Demo halfway through, in
-  // English and in Devanagari, and its alap in Learning.
+  // Yaman on the exploration screen at a tonic on a white key (C): its
+  // aroha in Demo halfway through, in English and in Devanagari, and its
+  // alap in Learning; then the aroha again in the maximised window.
   p.fire("Nadavik", "cMnuExpRag", platform::EventKind::Click);
   gCurrRagaId = 1;
   gCurrRagaName = fGetRagaName(1);
   sSetupForCurrRaga();
   sMainOperations(0);
-  for (const char* script : {"cMnuEng", "cMnuDev"}) {
-    p.fire("MainOperations", script, platform::EventKind::Click);
-    clickItem(p, "Aroha");
-    p.clock().advance(2500);
-    save(p, "MainOperations",
-         out + "/MainOperations-demo-" + (script[4] == 'D' ? "devanagari-" : "english-") + size + ".png");
-    p.fire("MainOperations", "cStop", platform::EventKind::Click);
-    p.clock().advance(500);
-  }
+  p.fire("MainOperations", "cMnuW1", platform::EventKind::Click);
+  saveDemo(p, out, size);
   p.fire("MainOperations", "Option2", platform::EventKind::Click);
   clickItem(p, "Alap");
   save(p, "MainOperations", out + "/MainOperations-learning-" + size + ".png");
+  p.fire("MainOperations", "Option1", platform::EventKind::Click);
+  maximise(p, "MainOperations");
+  saveDemo(p, out, "max-" + desktopSize());
   p.fire("MainOperations", "cReturn", platform::EventKind::Click);
   save(p, "RagaSelection1", out + "/RagaSelection1-grid-" + size + ".png");
   p.fire("RagaSelection1", "cReturn", platform::EventKind::Click);

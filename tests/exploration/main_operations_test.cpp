@@ -12,6 +12,7 @@
 
 #include "control/screen_manager.h"
 #include "exploration_fixture.h"
+#include "keyboard/reed_labels.h"
 #include "keyboard/reeds.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/store.h"
@@ -28,7 +29,7 @@ class MainOperationsTest : public ExplorationTest {
   int markedReedCount() {
     int marked = 0;
     for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
-      marked += screen().hasControl("cL", n) && screen().control("cL", n).backColor() != fReedDefaultColor(n);
+      marked += screen().hasControl("cL", n) && screen().control("cL", n).backColor() != fReedLabelBackColor(screen(), n);
     return marked;
   }
 };

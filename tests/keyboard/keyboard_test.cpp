@@ -43,8 +43,9 @@ platform::Screen& keyboardAtTonic(std::int16_t tonic, std::int16_t script = 2) {
 
 // At each tonic, changed from tonic 3, the keyboard shows only from a white
 // reed at or below the middle Sa (tonic + 9) to a white reed at or above
-// the upper Sa, within reeds 3 to 40, laid out as a harmonium; the middle
-// Sa's label alone is picked out.
+// the upper Sa, within reeds 3 to 40, laid out as a harmonium with each
+// white key's label below the black keys; the middle Sa's label alone is
+// picked out.
 TEST(Keyboard, ShowsEachTonicsRangeAsAHarmoniumWithItsLabels) {
   const std::map<int, std::string> lowestCaptions = {{1, "m<"}, {3, "G<"}, {7, "G<"}, {12, "G<"}};
   for (std::int16_t tonic = 1; tonic <= 12; ++tonic) {
@@ -70,16 +71,21 @@ TEST(Keyboard, ShowsEachTonicsRangeAsAHarmoniumWithItsLabels) {
         EXPECT_NEAR(key.left() + key.width() / 2, next.left(), 1.0f) << "centred on the joint " << n;
       } else {
         EXPECT_EQ(key.backColor(), kWhiteReedColor);
-        EXPECT_EQ(key.height(), std::round(gFormH / 4));
+        EXPECT_EQ(key.height(), std::round(form.height() / 4));
         if (previousWhite != nullptr) {
           EXPECT_EQ(key.left(), previousWhite->left() + previousWhite->width() - 1) << n;
         }
         previousWhite = &key;
       }
-      EXPECT_EQ(label.backColor(), key.backColor()) << n;
+      EXPECT_EQ(label.backColor(), n == sa ? kTonicMarkerColor : key.backColor()) << n;
       EXPECT_GE(label.left(), key.left());
       EXPECT_LE(label.left() + label.width(), key.left() + key.width());
       EXPECT_LE(label.top() + label.height(), key.top() + key.height()) << "label at the key's foot";
+      for (int neighbour : {n - 1, n + 1}) {
+        if (isBlack(n) || !isBlack(neighbour) || neighbour < first || neighbour > last) continue;
+        const platform::Control& black = form.control("cR", neighbour);
+        EXPECT_GE(label.top(), black.top() + black.height()) << "no black key over label " << n;
+      }
       EXPECT_EQ(label.foreColor() == kTonicLabelColor, n == sa) << n;
     }
     EXPECT_LE(previousWhite->left() + previousWhite->width(), form.width());

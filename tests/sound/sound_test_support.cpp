@@ -311,7 +311,7 @@ void advance(long ms) { stage().clock.advance(ms); }
 std::vector<std::pair<int, int>> markedReeds(platform::Screen& form) {
   std::vector<std::pair<int, int>> marked;
   for (std::int16_t n = kLowestReed; n <= kHighestReed; ++n)
-    if (form.hasControl("cL", n) && form.control("cL", n).backColor() != fReedDefaultColor(n))
+    if (form.hasControl("cL", n) && form.control("cL", n).backColor() != fReedLabelBackColor(form, n))
       marked.emplace_back(n, form.control("cL", n).backColor());
   return marked;
 }

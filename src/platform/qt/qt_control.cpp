@@ -6,6 +6,7 @@
 #include <QButtonGroup>
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFontMetrics>
 #include <QGroupBox>
 #include <QHeaderView>
 #include <QKeyEvent>
@@ -22,6 +23,7 @@
 #include <QSlider>
 #include <QTableWidget>
 #include <QTimer>
+#include <QtMath>
 #include <algorithm>
 
 #include "platform/audio.h"
@@ -31,6 +33,15 @@
 namespace platform {
 
 namespace {
+
+// A line box shows the start of its text: a box that only shows (a
+// composition's line, the pakad) must not open scrolled to its end, where
+// QLineEdit puts the cursor after setText. A box being typed into keeps
+// its cursor at the end.
+void setLineText(QLineEdit* edit, const QString& text) {
+  edit->setText(text);
+  if (edit->isReadOnly()) edit->home(false);
+}
 
 QColor fromBgr(int bgr) { return QColor(bgr & 0xFF, (bgr >> 8) & 0xFF, (bgr >> 16) & 0xFF); }
 
@@ -195,7 +206,7 @@ void QtControl::createWidget(QWidget* parent, QButtonGroup* optionGroup) {
     case ControlKind::Label: {
       auto* label = new QLabel(parent);
       label->setWordWrap(true);
-      label->setAlignment(Qt::AlignLeft | Qt::AlignTop);
+      label->setAlignment(def_.centred ? Qt::AlignCenter : Qt::AlignLeft | Qt::AlignTop);
       w = label;
       break;
     }
@@ -460,7 +471,7 @@ void QtControl::setText(const std::string& text) {
       if (def_.multiline)
         static_cast<QPlainTextEdit*>(widget_.data())->setPlainText(shown(text));
       else
-        static_cast<QLineEdit*>(widget_.data())->setText(shown(text));
+        setLineText(static_cast<QLineEdit*>(widget_.data()), shown(text));
       break;
     case ControlKind::ComboBox:
       static_cast<QComboBox*>(widget_.data())->setCurrentText(shown(text));
@@ -562,7 +573,25 @@ void QtControl::setWidth(float v) {
 }
 void QtControl::setHeight(float v) {
   if (!widget_) unsupported("Height");
-  widget_->resize(widget_->width(), std::max(0, qRound(v)));
+  requestedHeight_ = std::max(0, qRound(v));
+  applyHeight();
+}
+
+// A multi-line text box holds whole lines of its font: its height is
+// trimmed down to them, so that no line shows cut through the middle (the
+// prompts, the notation box); the few pixels left over show the picture
+// behind. Every other control takes the height asked for.
+void QtControl::applyHeight() {
+  if (requestedHeight_ < 0) return;
+  int height = requestedHeight_;
+  if (def_.kind == ControlKind::TextBox && def_.multiline) {
+    auto* edit = static_cast<QPlainTextEdit*>(widget_.data());
+    const int chrome = 2 * edit->frameWidth() + 2 * qCeil(edit->document()->documentMargin());
+    const int line = QFontMetrics(edit->font()).lineSpacing();
+    const int lines = std::max(1, (height - chrome) / std::max(1, line));
+    height = std::min(height, chrome + lines * line);
+  }
+  widget_->resize(widget_->width(), height);
 }
 
 // --- colours, border and font -----------------------------------------------
@@ -577,6 +606,8 @@ void QtControl::applyColors() {
   if (foreColor_ >= 0) sheet += "color: " + fromBgr(foreColor_).name() + ";";
   if (backColor_ >= 0) sheet += "background-color: " + fromBgr(backColor_).name() + ";";
   if (borderStyle_ == 1 && def_.kind == ControlKind::Label) sheet += "border: 1px solid #404040;";
+  // The drawing area puts a plate behind text that stands on the picture.
+  widget_->setProperty(kOwnBackgroundProperty, backColor_ >= 0);
   widget_->setStyleSheet(sheet.isEmpty() ? QString() : widget_->metaObject()->className() +
                                                            QString(" { ") + sheet + " }");
 }
@@ -611,6 +642,7 @@ void QtControl::applyFont() {
   if (fontPoints_ > 0) font.setPointSizeF(fontPoints_);
   font.setBold(fontBold_);
   widget_->setFont(font);
+  applyHeight();
 }
 
 std::string QtControl::fontName() const { return fontFamily_; }

@@ -21,6 +21,10 @@ namespace platform {
 
 class QtScreen;
 
+// Widget property that is true while a control paints a background of its
+// own (a BackColor); text without one stands on the screen's picture.
+inline constexpr char kOwnBackgroundProperty[] = "nadavikOwnBackground";
+
 class QtControl : public Control {
  public:
   QtControl(QtScreen& screen, const ControlDefinition& def);
@@ -131,6 +135,7 @@ class QtControl : public Control {
   std::string stored(const QString& shown) const;
   void applyColors();
   void applyFont();
+  void applyHeight();
   void createWidget(QWidget* parent, QButtonGroup* optionGroup);
   void createMenuEntry(QMenu* parentMenu, QWidget* menuBarOwner, bool holdsEntries);
   bool hasCaption() const;
@@ -167,6 +172,7 @@ class QtControl : public Control {
   bool settingValue_ = false;  // inside setValue, which fires its own Click
   float lineX1_ = 0, lineY1_ = 0, lineX2_ = 0, lineY2_ = 0;
   int fixedRows_ = 0;
+  int requestedHeight_ = -1;  // the height the logic asked for; -1 none yet
 };
 
 }  // namespace platform
