@@ -52,7 +52,7 @@ class ReadableScreen : public ExplorationTest {
 
 TEST_F(ReadableScreen, ShowsWholeAtEveryDesktopSizeInBothScripts) {
   click("cMnuW1");
-  for (const auto [width, height] : {std::pair{1229, 691}, {1366, 768}, {1728, 972}, {1920, 1080}}) {
+  for (const auto& [width, height] : {std::pair{1229, 691}, {1366, 768}, {1728, 972}, {1920, 1080}}) {
     screen().setWidth(static_cast<float>(width));
     screen().setHeight(static_cast<float>(height));
     program.fire("MainOperations", "", platform::EventKind::Activate);
