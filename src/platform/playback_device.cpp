@@ -154,8 +154,9 @@ bool PlaybackDevice::seekToStart() {
     stoppedAtMs_ = 0;
     return true;
   }
+  const bool started = sink_->start(*clip_, 0, playToMs_);
   queued_.reset();  // a start forgets what was queued
-  if (!sink_->start(*clip_, 0, playToMs_)) {
+  if (!started) {
     cutPlay(kNotifyFailure);
     return refuse(kErrOutputFailed, "the sound output failed: " + sink_->failure());
   }

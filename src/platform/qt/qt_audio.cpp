@@ -70,7 +70,13 @@ bool outputStarts() {
 // began among them, and the fade's own samples.
 class ClipSource : public QIODevice {
  public:
-  explicit ClipSource(const WaveClip& clip) : clip_(&clip) { open(QIODevice::ReadOnly); }
+  // Every clip it is given has the format of the first: the frame size and
+  // rate are kept here, so that a fading source, whose clips may be gone,
+  // still knows them.
+  explicit ClipSource(const WaveClip& clip)
+      : clip_(&clip), sampleRate_(clip.sampleRate), channels_(clip.channels) {
+    open(QIODevice::ReadOnly);
+  }
 
   const WaveClip* clip() const { return clip_; }
 
@@ -88,8 +94,8 @@ class ClipSource : public QIODevice {
   // From now on hands over fadeMs of what was to come, fading to nothing,
   // then silence; the clips are no longer read.
   void fadeOut(long fadeMs) {
-    const long frames = static_cast<long>(clip_->sampleRate) * fadeMs / 1000;
-    const int channels = clip_->channels;
+    const long frames = static_cast<long>(sampleRate_) * fadeMs / 1000;
+    const int channels = channels_;
     fade_.assign(static_cast<std::size_t>(frames * channels), 0);
     const long cursorFrame = cursorBytes_ / frameBytes();
     for (long f = 0; f < frames && cursorFrame + f < endBytes_ / frameBytes(); ++f)
@@ -99,6 +105,7 @@ class ClipSource : public QIODevice {
             static_cast<std::int16_t>(clip_->samples[at] * (frames - f) / frames);
       }
     fading_ = true;
+    clip_ = nullptr;
     queued_ = nullptr;
   }
 
@@ -107,7 +114,7 @@ class ClipSource : public QIODevice {
   long unfedMs() const { return bytesToMs(endBytes_ - cursorBytes_); }
 
   long bytesToMs(qint64 bytes) const {
-    const qint64 bytesPerSecond = static_cast<qint64>(clip_->sampleRate) * frameBytes();
+    const qint64 bytesPerSecond = static_cast<qint64>(sampleRate_) * frameBytes();
     return bytesPerSecond > 0 ? static_cast<long>(bytes * 1000 / bytesPerSecond) : 0;
   }
 
@@ -131,7 +138,7 @@ class ClipSource : public QIODevice {
   qint64 writeData(const char*, qint64) override { return -1; }
 
  private:
-  qint64 frameBytes() const { return static_cast<qint64>(clip_->channels) * kBytesPerSample; }
+  qint64 frameBytes() const { return static_cast<qint64>(channels_) * kBytesPerSample; }
 
   qint64 copyRange(char* data, qint64 maxSize) {
     const qint64 count = std::max<qint64>(0, std::min<qint64>(maxSize, endBytes_ - cursorBytes_));
@@ -148,7 +155,7 @@ class ClipSource : public QIODevice {
   // where a range ends with nothing queued after it, so that neither edge
   // clicks.
   void rampEdges(std::int16_t* samples, qint64 bytes) {
-    const long edge = static_cast<long>(clip_->sampleRate) * kEdgeRampMs / 1000;
+    const long edge = static_cast<long>(sampleRate_) * kEdgeRampMs / 1000;
     const long firstFrame = cursorBytes_ / frameBytes();
     const long frames = static_cast<long>(bytes / frameBytes());
     const long endFrame = endBytes_ / frameBytes();
@@ -157,8 +164,8 @@ class ClipSource : public QIODevice {
       const long toEnd = queued_ == nullptr ? endFrame - (firstFrame + f) : edge;
       const long ramp = std::min({fromStart, toEnd, edge});
       if (ramp >= edge) continue;
-      for (int c = 0; c < clip_->channels; ++c) {
-        std::int16_t& x = samples[f * clip_->channels + c];
+      for (int c = 0; c < channels_; ++c) {
+        std::int16_t& x = samples[f * channels_ + c];
         x = static_cast<std::int16_t>(x * ramp / edge);
       }
     }
@@ -176,8 +183,10 @@ class ClipSource : public QIODevice {
     return maxSize;
   }
 
-  const WaveClip* clip_;
+  const WaveClip* clip_;  // null once fading
   const WaveClip* queued_ = nullptr;
+  int sampleRate_;
+  int channels_;
   qint64 cursorBytes_ = 0;
   qint64 endBytes_ = 0;
   qint64 fedBytes_ = 0;

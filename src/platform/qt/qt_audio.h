@@ -53,14 +53,14 @@ class QtSink : public AudioSink {
   bool finished() override;
   std::string failure() const override { return failure_; }
 
-  // Measured on a PulseAudio server against a recording of its output
-  // (scripts/measure-playback.py): a sample sounds about 20 ms before the
-  // output counts it as processed, because Qt takes the server's whole
-  // latency off that count; with the status ticks' own delay (up to 10 ms)
-  // this puts a mark within about 10 ms either side of its note. (Taking a
-  // further 30 ms off, as this did before, put every mark 40 to 70 ms after
-  // its note.)
-  static constexpr long kHeardBeforeProcessedMs = 25;
+  // Measured on a PulseAudio server against recordings of its output
+  // (scripts/measure-playback.py, four runs): a sample sounds 10 to 25 ms
+  // before the output counts it as processed, because Qt takes the server's
+  // whole latency off that count; with the status ticks' own delay (up to
+  // 10 ms) the middle of that puts a mark within about 15 ms either side of
+  // its note. (Taking a further 30 ms off, as this did before, put every
+  // mark 40 to 70 ms after its note.)
+  static constexpr long kHeardBeforeProcessedMs = 17;
   // Status notifications every 10 ms: a mark comes at most that late.
   static constexpr long kStatusIntervalMs = 10;
   static constexpr long kStallMs = 300;
