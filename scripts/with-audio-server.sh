@@ -2,7 +2,10 @@
 # Runs a command with a private, headless PulseAudio server whose only output
 # is a null sink, so that sound tests can play on a machine with no sound
 # card (as root too). With --record FILE, what the sink plays is recorded as
-# 16-bit mono 44.1 kHz WAV; the length and level are printed at the end.
+# 16-bit mono 44.1 kHz WAV; the length and level are printed at the end, and
+# FILE.times says when the recording was stopped (wall clock, seconds), so
+# that a sample's time is that less what follows it in the file
+# (scripts/measure-playback.py sets marks against it).
 #
 #   scripts/with-audio-server.sh ctest --test-dir build/release -R QtDevice
 #   scripts/with-audio-server.sh --record out.wav build/release/tests/platform/audio_qt_test
@@ -73,6 +76,7 @@ status=0
 
 if [ -n "$record" ]; then
   sleep 0.5
+  echo "stopped $(date +%s.%N)" >"$record.times"
   kill "$parec_pid" 2>/dev/null || true
   wait "$parec_pid" 2>/dev/null || true
   parec_pid=""

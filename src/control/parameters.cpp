@@ -72,6 +72,21 @@ bool musicSetExists(double setId) {
   return found;
 }
 
+// The per-note lead of the marks (t = note start - note number x lead) by
+// default. It was 10 ms, made up for a lag between the device's position and
+// the ear that grew with each note; our device has no such lag: its position
+// is what the listener hears (the sound server's delay is taken off it
+// already), so a lead ran the marks 10 ms per note ahead of the sound, 134
+// ms by the fifteenth note. With no lead every mark comes with its note's
+// onset; the Synchronization menu still trims from there.
+constexpr double kMarkLeadDefaultMs = 0;
+// A store saved before holds the old default, 10, for each screen: it is
+// moved to the new default once, and this row, missing from those stores,
+// records that it has been.
+constexpr double kOldMarkLeadDefaultMs = 10;
+const char* const kMarkLeadRow = "MarkLeadDefault";
+const char* const kMarkLeadParameters[] = {"DelayC", "DelayMO", "DelayPC", "DelayW"};
+
 constexpr Basis kScreenW = Basis::ScreenWidth;
 constexpr Basis kScreenH = Basis::ScreenHeight;
 constexpr Basis kTonic = Basis::TonicNoteId;
@@ -99,8 +114,8 @@ constexpr Basis kTips = Basis::TipCount;
 //                    the first tip of a new installation is thus number 1
 //   TipSignal        1 tips shown at the start, 0 not
 //   DelayC, DelayMO, DelayPC, DelayW   synchronisation delays of the
-//                    screens, 0 to 1000 ms; DelayMO alone defaults to 0 for
-//                    an empty text (10 for Null)
+//                    screens (the per-note lead of the marks), 0 to 1000
+//                    ms, default kMarkLeadDefaultMs (see there)
 //   CurrDroneFactor  loudness of the drone, 0.5 to 1.5 in steps of 0.1 (the
 //                    steps are counted in whole tenths, so they end exactly
 //                    there; an older store's 0.4 falls back to 1.0)
@@ -121,10 +136,10 @@ const UsageParameter kUsageParameters[] = {
     {"NotationScript", &gNotationScript, {1}, {1}, {1}, {2}},
     {"LastTip", &gLastTip, {1, kTips}, {1, kTips}, {0}, {1, kTips}},
     {"TipSignal", &gTipSignal, {1}, {1}, {0}, {1}},
-    {"DelayC", &gDelayC, {10}, {10}, {0}, {1000}},
-    {"DelayMO", &gDelayMO, {10}, {0}, {0}, {1000}},
-    {"DelayPC", &gDelayPC, {10}, {10}, {0}, {1000}},
-    {"DelayW", &gDelayW, {10}, {10}, {0}, {1000}},
+    {"DelayC", &gDelayC, {kMarkLeadDefaultMs}, {kMarkLeadDefaultMs}, {0}, {1000}},
+    {"DelayMO", &gDelayMO, {kMarkLeadDefaultMs}, {kMarkLeadDefaultMs}, {0}, {1000}},
+    {"DelayPC", &gDelayPC, {kMarkLeadDefaultMs}, {kMarkLeadDefaultMs}, {0}, {1000}},
+    {"DelayW", &gDelayW, {kMarkLeadDefaultMs}, {kMarkLeadDefaultMs}, {0}, {1000}},
     {"CurrDroneFactor", &gCurrDroneFactor, {1.0}, {1.0}, {0.5}, {1.5}},
 };
 
@@ -210,6 +225,40 @@ double fSavedValue(const UsageParameter& p) {
   return fVariableValue(p);
 }
 
+// Moves the old default lead to the new one, once for a store (see
+// kMarkLeadRow), in one transaction, with a line in the trace file naming
+// the parameters moved. A lead the user trimmed to another value stays.
+void sMoveOldMarkLeads() {
+  platform::Transaction transaction(*gDbB);
+  auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
+  sSetTablePKRecord(*rs, Value(kMarkLeadRow));
+  if (!rs->noMatch()) {
+    rs->close();
+    return;
+  }
+  std::string moved;
+  for (const char* name : kMarkLeadParameters) {
+    sSetTablePKRecord(*rs, Value(name));
+    if (rs->noMatch() || rs->field("Parameter Value").isNull() ||
+        rs->field("Parameter Value").asDouble() != kOldMarkLeadDefaultMs)
+      continue;
+    rs->edit();
+    rs->setField("Parameter Value", Value(fNumberText(kMarkLeadDefaultMs)));
+    rs->update();
+    moved += (moved.empty() ? "" : ", ") + std::string(name);
+  }
+  rs->addNew();
+  rs->setField("Parameter Name", Value(kMarkLeadRow));
+  rs->setField("Parameter Value", Value(fNumberText(kMarkLeadDefaultMs)));
+  rs->update();
+  rs->close();
+  transaction.commit();
+  if (!moved.empty())
+    sTraceLine("Usage parameters " + moved + ": the old default lead of " +
+               fNumberText(kOldMarkLeadDefaultMs) + " ms per note is now " +
+               fNumberText(kMarkLeadDefaultMs) + " ms, the new default (moved once).");
+}
+
 void setPlainDefaults() {
   gCurrDbSelector = 1;
   gGraceNotes = 2;
@@ -245,6 +294,7 @@ void sSetDefaultOptions() {
   sInitReedsDisplayedData();
   sInitReedColorType();
   setPlainDefaults();
+  sMoveOldMarkLeads();
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
   const ScreenSize screen{platform::windowSystem().screenWidth(),
                           platform::windowSystem().screenHeight()};

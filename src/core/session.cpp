@@ -48,7 +48,7 @@ std::int16_t gTipCount = 0;
 std::int16_t gLastTip = 0;
 std::int16_t gTipSignal = 1;
 
-std::int16_t gDelayC = 10, gDelayMO = 10, gDelayPC = 10, gDelayW = 10;
+std::int16_t gDelayC = 0, gDelayMO = 0, gDelayPC = 0, gDelayW = 0;
 
 double gCurrDroneFactor = 1.0;
 std::int32_t gCurrDroneType = 1;

@@ -21,7 +21,19 @@ class AudioSink {
   // clip stays alive and unchanged until stop(). Returns false, with
   // failure() set, when the output refuses.
   virtual bool start(const WaveClip& clip, long fromMs, long toMs) = 0;
-  // Silences the output at once; heardMs() is no longer meaningful.
+  // Sounds the whole of clip straight after the range now sounding, with no
+  // gap between them: the output stays open across the join. The clip
+  // stays alive and unchanged until stop(), or until it has begun to sound
+  // and another start() or queue() follows. False (nothing queued) when
+  // the output cannot take it, as for another sample format.
+  virtual bool queue(const WaveClip& clip) = 0;
+  // Once finished() has turned true: when a queued clip has taken over,
+  // makes it the range that sounds (heardMs() counts from its first frame)
+  // and returns true; false when nothing was queued.
+  virtual bool carryOn() = 0;
+  // Silences the output (a short fade, never a cut that clicks) and drops
+  // whatever it still held, queued clip included; heardMs() is no longer
+  // meaningful.
   virtual void stop() = 0;
   // Milliseconds of the range the listener has heard since the last start.
   virtual long heardMs() const = 0;

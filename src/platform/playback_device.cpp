@@ -30,14 +30,15 @@ std::string lowered(const std::string& text) {
 
 }  // namespace
 
-PlaybackDevice::PlaybackDevice(std::unique_ptr<AudioSink> sink, Scheduler& scheduler)
-    : sink_(std::move(sink)), scheduler_(scheduler) {}
+PlaybackDevice::PlaybackDevice(std::unique_ptr<AudioSink> sink, Scheduler& scheduler,
+                               long statusIntervalMs)
+    : sink_(std::move(sink)), scheduler_(scheduler), statusIntervalMs_(statusIntervalMs) {}
 
 PlaybackDevice::~PlaybackDevice() {
   scheduler_.cancel(tickTimer_);
   scheduler_.cancel(doneTimer_);
   busy_ = true;
-  if (playing_) sink_->stop();
+  if (playing_ || soundingOn_) sink_->stop();
 }
 
 // Carries out one command; names are matched without regard to case, as the
@@ -49,9 +50,11 @@ bool PlaybackDevice::command(const std::string& name) {
   const std::string verb = lowered(name);
   if (verb == "open") return open();
   if (verb == "play") return play();
+  if (verb == "queue") return queue();
   if (verb == "seek to start") return seekToStart();
   if (verb == "stop") {
     cutPlay(kNotifyAborted);
+    dropFollowers();
     return true;
   }
   if (verb == "close") {
@@ -61,7 +64,7 @@ bool PlaybackDevice::command(const std::string& name) {
   return refuse(kErrUnknownCommand, "unknown command \"" + name + "\"");
 }
 
-long PlaybackDevice::length() const { return open_ ? clip_.lengthMs() : 0; }
+long PlaybackDevice::length() const { return open_ ? clip_->lengthMs() : 0; }
 
 long PlaybackDevice::position() const {
   if (!playing_) return stoppedAtMs_;
@@ -73,13 +76,21 @@ int PlaybackDevice::mode() const {
   return playing_ ? kModePlaying : kModeStopped;
 }
 
-// Opens fileName, closing whatever was open. A missing or unreadable file
-// leaves the device closed.
+// Opens fileName, closing whatever was open. The file sounding on after a
+// queue is opened as it sounds; any other file silences it. A missing or
+// unreadable file leaves the device closed.
 bool PlaybackDevice::open() {
   close();
-  const WaveReadResult read = readWaveFile(fileName, clip_);
-  if (read.status == WaveReadStatus::Missing) return refuse(kErrFileNotFound, read.error);
-  if (read.status != WaveReadStatus::Ok) return refuse(kErrInvalidFile, read.error);
+  if (soundingOn_ && soundingOn_->fileName == fileName) {
+    clip_ = soundingOn_->clip;
+  } else {
+    dropFollowers();
+    auto clip = std::make_shared<WaveClip>();
+    const WaveReadResult read = readWaveFile(fileName, *clip);
+    if (read.status == WaveReadStatus::Missing) return refuse(kErrFileNotFound, read.error);
+    if (read.status != WaveReadStatus::Ok) return refuse(kErrInvalidFile, read.error);
+    clip_ = std::move(clip);
+  }
   open_ = true;
   return true;
 }
@@ -89,8 +100,11 @@ bool PlaybackDevice::play() {
   if (!open_) return refuse(kErrNotOpen, "no file is open");
   const long endMs = (to <= 0 || to > length()) ? length() : to;
   const long startMs = std::clamp(from, 0L, endMs);
+  if (soundingOn_ && soundingOn_->clip == clip_ && startMs == 0 && endMs == length())
+    return takeOver(endMs);
   cutPlay(notify ? kNotifySuperseded : kNotifyAborted);
-  if (!sink_->start(clip_, startMs, endMs)) {
+  dropFollowers();
+  if (!sink_->start(*clip_, startMs, endMs)) {
     stoppedAtMs_ = startMs;
     return refuse(kErrOutputFailed, "the sound output failed: " + sink_->failure());
   }
@@ -102,13 +116,47 @@ bool PlaybackDevice::play() {
   return true;
 }
 
+bool PlaybackDevice::takeOver(long endMs) {
+  soundingOn_.reset();
+  playing_ = true;
+  playFromMs_ = 0;
+  playToMs_ = endMs;
+  doneOwed_ = notify;
+  scheduleTick();
+  return true;
+}
+
+// Reads fileName and has the sink sound it after the playing range.
+bool PlaybackDevice::queue() {
+  if (!playing_) return refuse(kErrNotOpen, "nothing is playing for a file to follow");
+  auto clip = std::make_shared<WaveClip>();
+  const WaveReadResult read = readWaveFile(fileName, *clip);
+  if (read.status == WaveReadStatus::Missing) return refuse(kErrFileNotFound, read.error);
+  if (read.status != WaveReadStatus::Ok) return refuse(kErrInvalidFile, read.error);
+  if (!sink_->queue(*clip))
+    return refuse(kErrOutputFailed, "the sound output cannot join " + fileName + " to what sounds");
+  queued_ = Follower{fileName, std::move(clip)};
+  return true;
+}
+
+// Called with no play sounding (after cutPlay), so that the sink no longer
+// reads a clip that is forgotten here.
+void PlaybackDevice::dropFollowers() {
+  queued_.reset();
+  if (!soundingOn_) return;
+  soundingOn_.reset();
+  sink_->stop();
+}
+
 bool PlaybackDevice::seekToStart() {
   if (!open_) return refuse(kErrNotOpen, "no file is open");
   if (!playing_) {
     stoppedAtMs_ = 0;
     return true;
   }
-  if (!sink_->start(clip_, 0, playToMs_)) {
+  const bool started = sink_->start(*clip_, 0, playToMs_);
+  queued_.reset();  // a start forgets what was queued
+  if (!started) {
     cutPlay(kNotifyFailure);
     return refuse(kErrOutputFailed, "the sound output failed: " + sink_->failure());
   }
@@ -119,7 +167,7 @@ bool PlaybackDevice::seekToStart() {
 void PlaybackDevice::close() {
   cutPlay(kNotifyAborted);
   open_ = false;
-  clip_ = WaveClip{};
+  clip_.reset();
   stoppedAtMs_ = 0;
 }
 
@@ -133,9 +181,7 @@ void PlaybackDevice::cutPlay(int doneCode) {
   if (playing_) endPlay(position(), doneCode);
 }
 
-// The state is settled before the sink is stopped: closing an output may let
-// waiting events through.
-void PlaybackDevice::endPlay(long atMs, int doneCode) {
+void PlaybackDevice::settleEnd(long atMs, int doneCode) {
   playing_ = false;
   stoppedAtMs_ = atMs;
   scheduler_.cancel(tickTimer_);
@@ -144,14 +190,33 @@ void PlaybackDevice::endPlay(long atMs, int doneCode) {
     doneOwed_ = false;
     queueDone(doneCode);
   }
+}
+
+// The state is settled before the sink is stopped: closing an output may let
+// waiting events through.
+void PlaybackDevice::endPlay(long atMs, int doneCode) {
+  settleEnd(atMs, doneCode);
+  queued_.reset();
   sink_->stop();
+}
+
+// The range has been heard: a queued file goes on sounding, otherwise the
+// output closes.
+void PlaybackDevice::finishPlay() {
+  if (queued_ && sink_->carryOn()) {
+    soundingOn_ = std::move(queued_);
+    queued_.reset();
+    settleEnd(playToMs_, kNotifySuccessful);
+    return;
+  }
+  endPlay(playToMs_, kNotifySuccessful);
 }
 
 // The next tick comes after the status interval, or sooner when the range
 // ends sooner, so that the done follows the end closely.
 void PlaybackDevice::scheduleTick() {
   scheduler_.cancel(tickTimer_);
-  const long delayMs = std::clamp(sink_->remainingMs(), 1L, kStatusIntervalMs);
+  const long delayMs = std::clamp(sink_->remainingMs(), 1L, statusIntervalMs_);
   tickTimer_ = scheduler_.scheduleAfter(delayMs, [this] { onTick(); });
 }
 
@@ -169,7 +234,7 @@ void PlaybackDevice::onTick() {
   {
     BusyScope busy(busy_);
     if (sink_->finished()) {
-      endPlay(playToMs_, kNotifySuccessful);
+      finishPlay();
       return;
     }
     scheduleTick();

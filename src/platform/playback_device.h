@@ -3,7 +3,7 @@
 // Turns the media control's properties and commands into calls on a sink,
 // keeps the device's mode, length and position, and produces the
 // notifications:
-//  - a status notification every kStatusIntervalMs while playing (the last
+//  - a status notification every status interval while playing (the last
 //    one may come sooner, where the range ends);
 //  - one done notification per Play issued with notify true: code
 //    kNotifySuccessful when the position reaches To, kNotifyAborted when a
@@ -18,17 +18,28 @@
 // issue commands freely.
 //
 // Open and Close always block; Play never does (wait is not consulted).
+//
+// Gapless joins: "Queue" reads fileName while a play sounds and has the
+// sink sound it straight after the play's range, on the same open output.
+// The play still ends with its own done (code kNotifySuccessful) once its
+// range has been heard; the queued file then goes on sounding, owned by no
+// play. A Close keeps it sounding, and an Open of that same file followed by
+// a Play from 0 takes it over where it has got to, so that a chain that
+// closes one file and opens the next in its done handler, as every playing
+// chain does, is heard without a break. Any other command silences it.
 // "Seek to start" while playing goes on playing from the start of the file
 // without a gap, keeping the pending done; while stopped it sets the
 // position to 0.
 //
 // State: the open clip, the play range and whether it sounds, the position
 // where it stopped, whether a done is owed, the done codes waiting to be
-// delivered, whether it is busy, the last error.
+// delivered, whether it is busy, the last error; the queued file, and the
+// one that sounds on after its play ended (both by name and clip).
 #pragma once
 
 #include <deque>
 #include <memory>
+#include <optional>
 #include <string>
 
 #include "platform/audio.h"
@@ -42,7 +53,10 @@ class PlaybackDevice : public AudioDevice {
  public:
   static constexpr long kStatusIntervalMs = 20;
 
-  PlaybackDevice(std::unique_ptr<AudioSink> sink, Scheduler& scheduler);
+  // statusIntervalMs: the time between status notifications (the real
+  // output ticks more often, so that a mark follows its note closely).
+  PlaybackDevice(std::unique_ptr<AudioSink> sink, Scheduler& scheduler,
+                 long statusIntervalMs = kStatusIntervalMs);
   ~PlaybackDevice() override;
   PlaybackDevice(const PlaybackDevice&) = delete;
   PlaybackDevice& operator=(const PlaybackDevice&) = delete;
@@ -55,15 +69,30 @@ class PlaybackDevice : public AudioDevice {
   std::string errorMessage() const override { return errorMessage_; }
 
  private:
+  using Clip = std::shared_ptr<const WaveClip>;
+  // A file given to the sink to follow what sounds, and its name.
+  struct Follower {
+    std::string fileName;
+    Clip clip;
+  };
+
   bool open();
   bool play();
+  bool queue();
+  // The queued file sounding on is taken over by this Play.
+  bool takeOver(long endMs);
+  // Silences a file sounding on with no play, and forgets the queued one.
+  void dropFollowers();
   bool seekToStart();
   void close();
   bool refuse(int number, const std::string& message);
   // Ends a sounding play early; a done owed is answered with doneCode.
   void cutPlay(int doneCode);
-  // Silences the sink and stops at atMs; a done owed is queued with doneCode.
+  // Marks the play ended at atMs; a done owed is queued with doneCode.
+  void settleEnd(long atMs, int doneCode);
+  // The same, and silences the sink.
   void endPlay(long atMs, int doneCode);
+  void finishPlay();
   void scheduleTick();
   void onTick();
   void queueDone(int code);
@@ -71,7 +100,11 @@ class PlaybackDevice : public AudioDevice {
 
   std::unique_ptr<AudioSink> sink_;
   Scheduler& scheduler_;
-  WaveClip clip_;
+  long statusIntervalMs_;
+  Clip clip_;
+  std::string openName_;
+  std::optional<Follower> queued_;
+  std::optional<Follower> soundingOn_;
   bool open_ = false;
   bool playing_ = false;
   long playFromMs_ = 0;

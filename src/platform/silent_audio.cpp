@@ -8,6 +8,21 @@ namespace platform {
 bool ClockSink::start(const WaveClip& /*clip*/, long fromMs, long toMs) {
   startedAtMs_ = clock_.nowMs();
   rangeMs_ = toMs - fromMs;
+  queuedMs_ = -1;
+  return true;
+}
+
+bool ClockSink::queue(const WaveClip& clip) {
+  queuedMs_ = clip.lengthMs();
+  return true;
+}
+
+// The queued clip begins exactly where the range ended.
+bool ClockSink::carryOn() {
+  if (queuedMs_ < 0) return false;
+  startedAtMs_ += rangeMs_;
+  rangeMs_ = queuedMs_;
+  queuedMs_ = -1;
   return true;
 }
 

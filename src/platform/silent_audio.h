@@ -15,13 +15,16 @@
 namespace platform {
 
 // A sink that "sounds" a range by counting clock time. State: the clock time
-// of the last start and the length of the range.
+// at which the range began, its length, and the length of the queued clip
+// (-1 none).
 class ClockSink : public AudioSink {
  public:
   explicit ClockSink(const Clock& clock) : clock_(clock) {}
 
   bool start(const WaveClip& clip, long fromMs, long toMs) override;
-  void stop() override {}
+  bool queue(const WaveClip& clip) override;
+  bool carryOn() override;
+  void stop() override { queuedMs_ = -1; }
   long heardMs() const override { return clock_.nowMs() - startedAtMs_; }
   long remainingMs() const override { return rangeMs_ - heardMs(); }
   bool finished() override { return remainingMs() <= 0; }
@@ -31,6 +34,7 @@ class ClockSink : public AudioSink {
   const Clock& clock_;
   long startedAtMs_ = 0;
   long rangeMs_ = 0;
+  long queuedMs_ = -1;
 };
 
 // A silent device on clock and scheduler; both must outlive it.

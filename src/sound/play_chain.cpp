@@ -90,8 +90,10 @@ bool fPlayMusicPhrases(platform::Screen& form) {
 
   sPlayMusicFile(gCurrMusicFile);
   ++gPlaySet.Position;
-  if (gPrefetchMode == kPrefetchNext && gPlaySet.Position <= gPlaySet.LastPhrase)
-    return prefetchNextPhrase();
+  if (gPlaySet.Position > gPlaySet.LastPhrase) return true;
+  if (gPrefetchMode == kPrefetchNext && !prefetchNextPhrase()) return false;
+  if (gBufferRotation)
+    sQueueMusicFile(gWavFiles[static_cast<std::size_t>(fBufferForPhrase(gPlaySet.Position))]);
   return true;
 }
 

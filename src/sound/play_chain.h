@@ -46,7 +46,9 @@ extern PhraseFileBuilder gBuildPhraseFile;
 // FirstPhrase and the owner gets event 19. Otherwise the phrase at the
 // cursor starts playing from its buffer's file, its first note is marked,
 // the cursor moves on and, with gPrefetchMode 1, the next phrase's buffer
-// is filled and its file built. False when that build fails.
+// is filled and its file built; the next phrase's file (built now or, with
+// gPrefetchMode 2, before the run) is queued to follow without a gap. False
+// when that build fails.
 bool fPlayMusicPhrases(platform::Screen& form);
 
 // Calls the controller that the screen of a callback context installed,

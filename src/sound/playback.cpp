@@ -71,6 +71,13 @@ void sPlayMusicFile(const std::string& file) {
   sDoCallback();
 }
 
+void sQueueMusicFile(const std::string& file) {
+  NV_PROC("sQueueMusicFile");
+  platform::AudioDevice& mm = mediaControl();
+  mm.fileName = file;
+  mm.command("Queue");
+}
+
 void sPlayMusicFile1(const std::string& file) {
   NV_PROC("sPlayMusicFile1");
   platform::AudioDevice& mm = mediaControl();

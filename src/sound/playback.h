@@ -15,6 +15,12 @@ extern bool gLooping;
 // Opens and plays `file` when none is open; otherwise closes the open file
 // and hands the end of playback on through sDoCallback.
 void sPlayMusicFile(const std::string& file);
+// Has cMM sound `file` straight after the file now playing, on the same
+// open output, so that when the chain opens it in the done handler it is
+// already sounding: no gap between phrases, and the drone in the files runs
+// on. When the device cannot join it, nothing changes: the file is opened
+// and played as ever, after a short break.
+void sQueueMusicFile(const std::string& file);
 // The looping form: a played-out file starts again while gLooping is set.
 void sPlayMusicFile1(const std::string& file);
 // Routes the end of a played file by gCallbackContext: the composition

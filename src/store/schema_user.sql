@@ -34,6 +34,7 @@ INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('Del
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('DelayPC', NULL);
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('DelayW', NULL);
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('CurrDroneFactor', NULL);
+INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('MarkLeadDefault', '0');
 
 CREATE TABLE "Scale Shift Specs" (
   "NPSetId" INTEGER NOT NULL,

@@ -134,12 +134,14 @@ class UsageParameters : public ::testing::Test {
   RecordingWindowSystem windows_;
 };
 
-// Every row of the store is a parameter of the table above, and every one
-// saved is restored at the next start.
+// Every row of the store is a parameter of the table above (but the row
+// that records the move of the old mark lead), and every one saved is
+// restored at the next start.
 TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
   std::set<std::string> tested, rows;
   for (const Parameter& p : everyParameter()) tested.insert(p.name);
   for (const auto& row : storedRows()) rows.insert(row.first);
+  rows.erase("MarkLeadDefault");
   EXPECT_EQ(rows, tested);
   setEvery(false);
   sSaveUsageParameters();
@@ -162,17 +164,17 @@ TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
        {{"FormL", 0.05 * kScreenW}, {"FormT", 0.05 * kScreenH}, {"FormW", 0.9 * kScreenW}, {"FormH", 0.9 * kScreenH},
         {"CurrTonicNoteId", 3}, {"CurrMusicSetId", 3}, {"LastTip", kTipCount}, {"CurrDroneFactor", 1.0}},
        false},
-      // Null and empty text differ for DelayMO alone.
-      {{{"DelayMO", nullptr}}, {{"DelayMO", 10}}, false},
-      {{{"DelayMO", ""}}, {{"DelayMO", 0}}, false},
-      {{{"DelayC", ""}}, {{"DelayC", 10}}, false},
+      // No lead by default, Null or empty; a lead of 10 saved since stays.
+      {{{"DelayMO", nullptr}}, {{"DelayMO", 0}}, false},
+      {{{"DelayC", ""}}, {{"DelayC", 0}}, false},
+      {{{"DelayW", "10"}}, {{"DelayW", 10}}, false},
       // The ends of a range are in it.
       {{{"DelayPC", "1000"}}, {{"DelayPC", 1000}}, false},
       {{{"DelayW", "0"}}, {{"DelayW", 0}}, false},
       {{{"CurrMusicSetId", "12"}}, {{"CurrMusicSetId", 12}}, false},
       // Out of range.
-      {{{"DelayC", "1001"}}, {{"DelayC", 10}}, true},
-      {{{"DelayMO", "-1"}}, {{"DelayMO", 10}}, true},
+      {{{"DelayC", "1001"}}, {{"DelayC", 0}}, true},
+      {{{"DelayMO", "-1"}}, {{"DelayMO", 0}}, true},
       {{{"CurrTonicNoteId", "13"}}, {{"CurrTonicNoteId", 3}}, true},
       {{{"NotationScript", "3"}}, {{"NotationScript", 1}}, true},
       {{{"LastTip", "4"}}, {{"LastTip", kTipCount}}, true},
@@ -200,6 +202,26 @@ TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
       EXPECT_FLOAT_EQ(parameterNamed(name).get(), expected) << name << " from " << stored;
     EXPECT_EQ(traceText().find("Usage parameter") != std::string::npos, row.traced) << stored << ": " << traceText();
   }
+}
+
+// A store saved before the lead's default became 0 holds the old default,
+// 10, for each screen, and no MarkLeadDefault row: its tens become 0 once,
+// with a trace line; a lead the user trimmed stays, and at the next start
+// nothing moves again.
+TEST_F(UsageParameters, TheOldDefaultLeadMovesToTheNewOnce) {
+  gDbB->execute("DELETE FROM [User Parameters] WHERE [Parameter Name] = 'MarkLeadDefault';");
+  gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '10' WHERE [Parameter Name] LIKE 'Delay%';");
+  gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '25' WHERE [Parameter Name] = 'DelayPC';");
+  sSetDefaultOptions();
+  EXPECT_EQ(std::vector<double>({double(gDelayC), double(gDelayMO), double(gDelayPC), double(gDelayW)}),
+            std::vector<double>({0, 0, 25, 0}));
+  EXPECT_NE(traceText().find("Usage parameters DelayC, DelayMO, DelayW: the old default lead of 10 ms"),
+            std::string::npos) << traceText();
+  gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '10' WHERE [Parameter Name] = 'DelayMO';");
+  fs::remove(gErrTraceFile);
+  sSetDefaultOptions();  // the next start
+  EXPECT_EQ(gDelayMO, 10);
+  EXPECT_EQ(traceText(), "");
 }
 
 // Reads whole bytes from `fd` until `count` have come (false on a timeout of

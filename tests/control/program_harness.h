@@ -6,6 +6,7 @@
 #include <filesystem>
 #include <memory>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "platform/clock.h"
@@ -27,6 +28,11 @@ class ProgramHarness {
   // The whole content of a file ("" when there is none).
   static std::string readFile(const std::filesystem::path& path);
   platform::VirtualClock& clock() { return clock_; }
+  // Plays on other devices than the silent one on the virtual clock (the
+  // real sound output, for checks by hand); before start().
+  void setAudioDeviceFactory(platform::AudioDeviceFactory factory) {
+    windows_->setAudioDeviceFactory(std::move(factory));
+  }
   const std::vector<RecordedMessage>& messages() const { return messages_; }
 
   // Starts the program as a user would: the main window loads and the

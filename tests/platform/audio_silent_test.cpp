@@ -23,7 +23,8 @@ using Log = std::vector<std::string>;
 struct Scenario {
   const char* what;
   // Words run in order: "open N" (a tone of N ms; "open -" a missing file,
-  // which must fail), "play" (all, notify), "play~" (all, no notify),
+  // which must fail), "queue N" (a tone of N ms to follow), "play" (all,
+  // notify), "play~" (all, no notify),
   // "stop"/"stop!", "seek"/"seek!" (! notifies),
   // "close", "free" (the device goes), "+N" (advance the clock), "@N"
   // (position), "=playing", "=stopped", "=notopen" (mode), "len N", "#N"
@@ -60,6 +61,10 @@ class SilentDevice : public ::testing::TestWithParam<Scenario> {
         }
         testing::writeToneFile(device->fileName, std::stol(length));
         command("Open", false);
+      } else if (w == "queue" && words >> a) {
+        device->fileName = dir.file("tone" + std::to_string(a) + ".wav");
+        testing::writeToneFile(device->fileName, a);
+        EXPECT_TRUE(device->command("Queue")) << device->errorMessage();
       } else if (w == "play" || w == "play~") {
         command("Play", w == "play");
       } else if (w == "stop" || w == "stop!") {
@@ -147,6 +152,16 @@ const Scenario kScenarios[] = {
     {"a failed open leaves the previous file closed", "open 100 play open - =notopen +1000", {"done 4 0"}},
     {"stop from the status handler ends the ticks", "open 200 play +1000", {"status 20 at 20", "done 4 20"}, "",
      0, "stop"},
+    // The queued file sounds from the end of the first however late the
+    // done handler opens it: it takes over 5 ms in, and ends 5 ms sooner
+    // than a file opened afresh would.
+    {"a queued file follows without a gap", "open 40 play queue 60 +1000",
+     {"status 20 at 20", "done 1 40", "status 65 at 25", "status 85 at 45", "done 1 100"}, "+5 close open 60 @0 play @5", 1},
+    {"stop silences the queued file too", "open 100 play queue 60 +50 stop +1000 =stopped",
+     {"status 20 at 20", "status 40 at 40", "done 4 50"}},
+    {"another file than the queued one starts afresh", "open 40 play queue 60 +1000",
+     {"status 20 at 20", "done 1 40", "status 60 at 20", "status 80 at 40", "status 100 at 60", "done 1 120"},
+     "close open 80 play", 1},
     {"nothing arrives after the device is gone", "open 100 play +30 stop free +1000 pending 0",
      {"status 20 at 20"}},
 };

@@ -190,6 +190,10 @@ std::int16_t buildSilentPhraseFile(std::int16_t buffer) {
   const bool playing = gCurrForm != nullptr && gCurrForm->hasControl("cMM") &&
                        gCurrForm->control("cMM").device().mode() == platform::kModePlaying;
   stage().builds.push_back({buffer, playing});
+  if (buffer == stage().badFileOfBuffer) {
+    std::ofstream(gWavFiles[static_cast<std::size_t>(buffer)]) << "not a wave file";
+    return 1;
+  }
   const std::vector<std::int16_t> silence(std::size_t(std::max(1L, lengthMs * 441 / 10)), 0);
   return tonvex::writeWavFile(gWavFiles[static_cast<std::size_t>(buffer)], silence) ? 1 : 0;
 }
@@ -284,6 +288,7 @@ platform::Screen& reset() {
   s.messages.clear();
   s.opened.clear();
   s.failBuildOfBuffer = -1;
+  s.badFileOfBuffer = -1;
   return form;
 }
 

@@ -95,6 +95,7 @@ struct Stage {
   std::vector<std::string> messages;  // message box texts
   std::vector<std::string> opened;    // files opened on cMM, in order
   int failBuildOfBuffer = -1;         // a build of this buffer fails
+  int badFileOfBuffer = -1;           // a build of this buffer writes no wave file
 };
 
 Stage& stage();

@@ -68,6 +68,7 @@ int16_t FWavLoadDroneData(const std::string& /*path*/, int32_t noteId, int32_t d
     return 1;
   }
   state.drone = DroneSound{renderTanpuraCycle(strings, kCycleSamples), droneFactor, key};
+  state.dronePhase = 0;
   state.droneSaHz = kSampleRate / sa->effectiveSpc();
   retuneTheka(state);
   return 1;

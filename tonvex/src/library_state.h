@@ -46,6 +46,9 @@ struct LibraryState {
   uint64_t seedVersion = 0;  // counts every change of any seed
   char currInstr = 0;
   std::optional<DroneSound> drone;
+  // Where in the drone cycle the next music file's drone begins: each file
+  // takes the drone on from where the file made before it left it.
+  size_t dronePhase = 0;
   double droneSaHz = 0.0;  // the Sa the drone was built on; 0 before any
   std::optional<LoadedKit> theka;
 };

@@ -61,12 +61,9 @@ void applyBellows(std::vector<float>& melody) {
   }
 }
 
-void addDrone(const DroneSound& drone, float gain, std::vector<float>& out) {
+void addDrone(const DroneSound& drone, float gain, size_t phase, std::vector<float>& out) {
   const size_t cycle = drone.cycle.size();
-  for (size_t at = 0; at < out.size(); at += cycle) {
-    const size_t n = std::min(cycle, out.size() - at);
-    for (size_t i = 0; i < n; ++i) out[at + i] += gain * drone.cycle[i];
-  }
+  for (size_t i = 0; i < out.size(); ++i) out[i] += gain * drone.cycle[(phase + i) % cycle];
 }
 
 void fadeEdges(std::vector<float>& samples) {
@@ -139,13 +136,14 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
   const float gain = std::min(kMaxMelodyPeak, kMelodyPerLevel * float(r.level)) * float(r.synthVolume);
   addVoices(*voices, *starts, *shape, gain, mix.samples);
   applyBellows(mix.samples);
+  fadeEdges(mix.samples);
   if (r.droneMix > 0)
-    addDrone(*state.drone, kDroneGain[r.droneMix] * float(state.drone->factor), mix.samples);
+    addDrone(*state.drone, kDroneGain[r.droneMix] * float(state.drone->factor), r.dronePhase,
+             mix.samples);
   return mix;
 }
 
 bool writeMix(const std::string& outFile, Mix& mix) {
-  fadeEdges(mix.samples);
   limitPeaks(mix.samples);
   return writeWavFile(outFile, toPcm16(mix.samples, 1.0f));
 }

@@ -20,6 +20,7 @@ struct MusicRequest {
   double level = 0.2;
   int32_t synthVolume = 1;
   int32_t peakPermille = 1000, attackMs = 60, sustainPct = 80, releaseMs = 50;
+  size_t dronePhase = 0;  // sample of the drone cycle the file's drone begins at
 };
 
 struct Mix {
@@ -28,12 +29,15 @@ struct Mix {
 };
 
 // Checks the request against the state and renders melody and drone; nullopt
-// on any bad argument or missing seed or drone.
+// on any bad argument or missing seed or drone. The melody fades in and out
+// over its first and last 3 ms; the drone does not, so that files played one
+// after another, each beginning its drone where the one before ended it
+// (dronePhase), join into one unbroken drone.
 std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRequest& request);
 
-// Fades the mix's first and last 3 ms, bends peaks above 0.8 of full scale
-// smoothly towards 0.97 (so nothing clips and every file keeps the same
-// loudness), converts it and writes the file.
+// Bends peaks above 0.8 of full scale smoothly towards 0.97 (so nothing
+// clips and every file keeps the same loudness), converts the mix and
+// writes the file.
 bool writeMix(const std::string& outFile, Mix& mix);
 
 }  // namespace tonvex

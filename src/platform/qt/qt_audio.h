@@ -2,20 +2,27 @@
 // that picks it or the silent device.
 //
 // QtSink plays a range of a clip on the default output: a QAudioSink pulls
-// the samples from our own QIODevice into its buffer (about 200 ms, which
-// rides out a busy interface thread) and reports how much the sound server
-// has played. That count, less the further delay to the ear
-// (kServerLatencyMs), is the position the listener hears. At the end the
+// the samples from our own QIODevice into its buffer (kBufferMs) and reports
+// how much the sound server has played. That count, moved by
+// kHeardBeforeProcessedMs, is the position the listener hears. At the end the
 // output goes idle while its buffer still holds the last samples; the sink
 // counts as finished once they have all been processed, or when the count
 // has not moved for kStallMs (a lost or stuck output).
 //
-// State: the output, the sample source with its range and the amount handed
-// over, the processed count at which the current range begins to sound, and
-// when the count last moved.
+// Clips queued after the range are pulled straight after it from the same
+// source, so the output never closes between them. Stop fades the source
+// out over kFadeOutMs and closes that output once the fade has been played;
+// a new start opens a fresh output at once, so nothing of the stopped sound
+// is left to come before it.
+//
+// State: the output, the sample source with its range, its queued clip and
+// the amount handed over, the processed count at which the current range
+// begins to sound, when the count last moved, and a stopped output still
+// playing its fade.
 #pragma once
 
 #include <QElapsedTimer>
+#include <QTimer>
 #include <functional>
 #include <memory>
 #include <string>
@@ -38,23 +45,43 @@ class QtSink : public AudioSink {
   QtSink& operator=(const QtSink&) = delete;
 
   bool start(const WaveClip& clip, long fromMs, long toMs) override;
+  bool queue(const WaveClip& clip) override;
+  bool carryOn() override;
   void stop() override;
   long heardMs() const override;
   long remainingMs() const override;
   bool finished() override;
   std::string failure() const override { return failure_; }
 
-  // Measured with PulseAudio: sound is heard 20 to 45 ms after the output
-  // counts it as processed.
-  static constexpr long kServerLatencyMs = 30;
+  // Measured on a PulseAudio server against recordings of its output
+  // (scripts/measure-playback.py, four runs): a sample sounds 10 to 25 ms
+  // before the output counts it as processed, because Qt takes the server's
+  // whole latency off that count; with the status ticks' own delay (up to
+  // 10 ms) the middle of that puts a mark within about 15 ms either side of
+  // its note. (Taking a further 30 ms off, as this did before, put every
+  // mark 40 to 70 ms after its note.)
+  static constexpr long kHeardBeforeProcessedMs = 17;
+  // Status notifications every 10 ms: a mark comes at most that late.
+  static constexpr long kStatusIntervalMs = 10;
   static constexpr long kStallMs = 300;
+  // How much the output holds ahead of what is heard: enough to ride out a
+  // busy interface thread, little enough that a Stop is heard soon.
+  static constexpr long kBufferMs = 100;
+  // A Stop fades the sound out over this time instead of cutting it.
+  static constexpr long kFadeOutMs = 10;
 
  private:
   bool startOutput(const WaveClip& clip);
   long processedMs() const;
+  // Closes the stopped output, whose fade has been played.
+  void retire();
 
   std::unique_ptr<ClipSource> source_;
   std::unique_ptr<QAudioSink> output_;
+  // The stopped output while it plays its fade, and the timer that closes it.
+  std::unique_ptr<ClipSource> retiringSource_;
+  std::unique_ptr<QAudioSink> retiringOutput_;
+  QTimer retireTimer_;
   long rangeStartsAtMs_ = 0;  // the processed count where the range begins
 
   long lastProcessedMs_ = 0;

@@ -34,6 +34,11 @@
 // 3 x level of full scale, at most 0.9 (0.2 gives 0.6). `droneMix` is
 // 0 (no drone), 1 (drone under the melody, Demo and Learning) or 2 (a drone
 // 1.6 times stronger, for Practice, where the learner sings over it).
+// The drone of each music file begins where the drone of the music file
+// written before it ended (a new drone from FWavLoadDroneData begins at the
+// start of its cycle), and only the melody fades in and out at the file's
+// edges: files played one after another in the order they were written
+// join into one unbroken drone.
 // `synthVolume` (1 to 4) multiplies the melody's gain; the application
 // passes 1. Peaks of the mix above 0.8 of full scale are bent smoothly
 // towards 0.97 (a soft limiter), so nothing ever clips.
