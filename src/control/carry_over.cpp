@@ -6,7 +6,10 @@
 #include <filesystem>
 #include <map>
 #include <memory>
+#include <string>
 #include <vector>
+
+#include <unistd.h>
 
 #include "control/parameters.h"
 #include "control/user_store.h"
@@ -327,6 +330,33 @@ std::unique_ptr<Database> openOlder(const std::string& path) {
   return platform::defaultWorkspace().openDatabase(path, false, true, "");
 }
 
+// A copy of the older store in a folder of its own, brought up to this
+// version; the folder goes with the object.
+class UpgradedCopy {
+ public:
+  explicit UpgradedCopy(const std::string& path)
+      : folder_(std::filesystem::temp_directory_path() / ("nadavik-carry-over-" + std::to_string(::getpid()))) {
+    std::filesystem::remove_all(folder_);
+    std::filesystem::create_directories(folder_);
+    const std::filesystem::path copy = folder_ / "older.nvy";
+    std::filesystem::copy_file(path, copy);
+    store_ = platform::defaultWorkspace().openDatabase(copy.string(), false, false, "");
+    fUpgradeUserStore(*store_);
+  }
+  ~UpgradedCopy() {
+    store_.reset();
+    std::error_code ignored;
+    std::filesystem::remove_all(folder_, ignored);
+  }
+  UpgradedCopy(const UpgradedCopy&) = delete;
+  UpgradedCopy& operator=(const UpgradedCopy&) = delete;
+  Database& store() { return *store_; }
+
+ private:
+  std::filesystem::path folder_;
+  std::unique_ptr<Database> store_;
+};
+
 // An engine message without its closing full stop, to go inside a sentence.
 std::string clause(std::string text) {
   while (!text.empty() && (text.back() == '.' || text.back() == '\n')) text.pop_back();
@@ -366,9 +396,10 @@ std::optional<std::string> fCarryOverRefusal(const std::string& path) {
   return std::nullopt;
 }
 
-CarryOverCounts fCarryOverUserData(Database& older, const CarryOverAnswers& answers) {
+CarryOverCounts fCarryOverUserData(const std::string& olderPath, const CarryOverAnswers& answers) {
   NV_PROC("fCarryOverUserData");
-  return CarryOver(older, *gDbB, answers).run();
+  UpgradedCopy older(olderPath);
+  return CarryOver(older.store(), *gDbB, answers).run();
 }
 
 std::string fCarryOverSummary(const std::string& path, const CarryOverCounts& counts) {
@@ -403,8 +434,7 @@ void sCarryOverFromOlderInstallation() {
     return answer < 0 ? ClashChoice::KeepCurrent : static_cast<ClashChoice>(answer);
   };
   try {
-    auto older = openOlder(path);
-    const CarryOverCounts counts = fCarryOverUserData(*older, answers);
+    const CarryOverCounts counts = fCarryOverUserData(path, answers);
     if (counts.parameters) sKeepStoredParametersAtStop();
     sShowMessage(fCarryOverSummary(path, counts));
   } catch (const platform::StoreError& e) {

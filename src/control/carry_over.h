@@ -21,17 +21,15 @@
 // current one, or take the older one in its place (under the current one's
 // id, so that what refers to it still does).
 //
-// Everything is written in one transaction: a fault or a kill part-way
-// leaves the current store as it was.
+// The older store is read from a copy brought up to this version's schema
+// first (as a start would bring it), so that what is carried has this
+// version's meaning. Everything is written in one transaction: a fault or a
+// kill part-way leaves the current store as it was.
 #pragma once
 
 #include <functional>
 #include <optional>
 #include <string>
-
-namespace platform {
-class Database;
-}
 
 enum class ClashChoice { KeepBoth = 0, KeepCurrent = 1, TakeOlder = 2 };
 
@@ -59,10 +57,11 @@ struct CarryOverCounts {
 // version, or is damaged.
 std::optional<std::string> fCarryOverRefusal(const std::string& path);
 
-// Carries the data of the older store into gDbB in one transaction (see
-// above). A store fault part-way is thrown on as platform::StoreError, with
-// nothing written.
-CarryOverCounts fCarryOverUserData(platform::Database& older, const CarryOverAnswers& answers);
+// Carries the data of the older store at `olderPath`, which
+// fCarryOverRefusal admitted, into gDbB in one transaction (see above). A
+// store fault part-way is thrown on as platform::StoreError, with nothing
+// written.
+CarryOverCounts fCarryOverUserData(const std::string& olderPath, const CarryOverAnswers& answers);
 
 // The summary the user is shown afterwards.
 std::string fCarryOverSummary(const std::string& path, const CarryOverCounts& counts);

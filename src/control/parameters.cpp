@@ -80,11 +80,10 @@ bool musicSetExists(double setId) {
 // ms by the fifteenth note. With no lead every mark comes with its note's
 // onset; the Synchronization menu still trims from there.
 constexpr double kMarkLeadDefaultMs = 0;
-// A store saved before holds the old default, 10, for each screen: it is
-// moved to the new default once, and this row, missing from those stores,
-// records that it has been.
+// A store saved before holds the old default, 10, for each screen: the
+// upgrade of the user store to version 2 moves it to the new default once
+// (sMoveOldMarkLeads).
 constexpr double kOldMarkLeadDefaultMs = 10;
-const char* const kMarkLeadRow = "MarkLeadDefault";
 const char* const kMarkLeadParameters[] = {"DelayC", "DelayMO", "DelayPC", "DelayW"};
 
 constexpr Basis kScreenW = Basis::ScreenWidth;
@@ -225,40 +224,6 @@ double fSavedValue(const UsageParameter& p) {
   return fVariableValue(p);
 }
 
-// Moves the old default lead to the new one, once for a store (see
-// kMarkLeadRow), in one transaction, with a line in the trace file naming
-// the parameters moved. A lead the user trimmed to another value stays.
-void sMoveOldMarkLeads() {
-  platform::Transaction transaction(*gDbB);
-  auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
-  sSetTablePKRecord(*rs, Value(kMarkLeadRow));
-  if (!rs->noMatch()) {
-    rs->close();
-    return;
-  }
-  std::string moved;
-  for (const char* name : kMarkLeadParameters) {
-    sSetTablePKRecord(*rs, Value(name));
-    if (rs->noMatch() || rs->field("Parameter Value").isNull() ||
-        rs->field("Parameter Value").asDouble() != kOldMarkLeadDefaultMs)
-      continue;
-    rs->edit();
-    rs->setField("Parameter Value", Value(fNumberText(kMarkLeadDefaultMs)));
-    rs->update();
-    moved += (moved.empty() ? "" : ", ") + std::string(name);
-  }
-  rs->addNew();
-  rs->setField("Parameter Name", Value(kMarkLeadRow));
-  rs->setField("Parameter Value", Value(fNumberText(kMarkLeadDefaultMs)));
-  rs->update();
-  rs->close();
-  transaction.commit();
-  if (!moved.empty())
-    sTraceLine("Usage parameters " + moved + ": the old default lead of " +
-               fNumberText(kOldMarkLeadDefaultMs) + " ms per note is now " +
-               fNumberText(kMarkLeadDefaultMs) + " ms, the new default (moved once).");
-}
-
 void setPlainDefaults() {
   gCurrDbSelector = 1;
   gGraceNotes = 2;
@@ -288,13 +253,33 @@ std::string fNumberText(double value) {
   return ec == std::errc() ? std::string(buffer, end) : "0";
 }
 
+void sMoveOldMarkLeads(platform::Database& store) {
+  NV_PROC("sMoveOldMarkLeads");
+  auto rs = store.openRecordset("User Parameters", RecordsetType::Table);
+  std::string moved;
+  for (const char* name : kMarkLeadParameters) {
+    sSetTablePKRecord(*rs, Value(name));
+    if (rs->noMatch() || rs->field("Parameter Value").isNull() ||
+        rs->field("Parameter Value").asDouble() != kOldMarkLeadDefaultMs)
+      continue;
+    rs->edit();
+    rs->setField("Parameter Value", Value(fNumberText(kMarkLeadDefaultMs)));
+    rs->update();
+    moved += (moved.empty() ? "" : ", ") + std::string(name);
+  }
+  rs->close();
+  if (!moved.empty())
+    sTraceLine("Usage parameters " + moved + ": the old default lead of " +
+               fNumberText(kOldMarkLeadDefaultMs) + " ms per note is now " +
+               fNumberText(kMarkLeadDefaultMs) + " ms, the new default (moved once).");
+}
+
 void sSetDefaultOptions() {
   NV_PROC("sSetDefaultOptions");
   sInitScales();
   sInitReedsDisplayedData();
   sInitReedColorType();
   setPlainDefaults();
-  sMoveOldMarkLeads();
   auto rs = gDbB->openRecordset("User Parameters", RecordsetType::Table);
   const ScreenSize screen{platform::windowSystem().screenWidth(),
                           platform::windowSystem().screenHeight()};

@@ -6,10 +6,15 @@
 #include <string>
 
 namespace platform {
+class Database;
 class Recordset;
 }
 
 void sSetDefaultOptions();
+// Moves the marks' per-note lead from the old default, 10 ms, to the new one
+// on each screen that still holds it (a lead the user trimmed stays), with a
+// line in the trace: the upgrade of a user store to version 2.
+void sMoveOldMarkLeads(platform::Database& store);
 void sSaveUsageParameters();
 // Leaves the usage parameters in the user store as they are at the stop of
 // this run, instead of writing the run's own over them: the settings carried

@@ -4,6 +4,7 @@
 
 #include <filesystem>
 
+#include "control/parameters.h"
 #include "core/errors.h"
 #include "core/messages.h"
 #include "core/session.h"
@@ -12,10 +13,13 @@
 
 namespace {
 
-// The schema changes from one version to the next: entry v takes a store of
-// version v to v + 1. Version 0 differs from 1 only by its missing stamp.
-const char* const kUpgradeSteps[kUserStoreVersion] = {
-    "",  // 0 -> 1
+// The changes from one version to the next: entry v takes a store of version
+// v to v + 1. Version 0 differs from 1 only by its missing stamp; version 2
+// moved the marks' per-note lead to its new default.
+void noChange(platform::Database&) {}
+void (*const kUpgradeSteps[kUserStoreVersion])(platform::Database&) = {
+    noChange,           // 0 -> 1
+    sMoveOldMarkLeads,  // 1 -> 2
 };
 
 }  // namespace
@@ -45,8 +49,7 @@ bool fUpgradeUserStore(platform::Database& store) {
   const std::string backup = store.path() + ".v" + std::to_string(version) + ".bak";
   std::filesystem::copy_file(store.path(), backup, std::filesystem::copy_options::overwrite_existing);
   platform::Transaction transaction(store);
-  for (int step = version; step < kUserStoreVersion; ++step)
-    if (*kUpgradeSteps[step] != '\0') store.execute(kUpgradeSteps[step]);
+  for (int step = version; step < kUserStoreVersion; ++step) kUpgradeSteps[step](store);
   store.execute("PRAGMA user_version = " + std::to_string(kUserStoreVersion));
   transaction.commit();
   sTraceLine("User store upgraded from version " + std::to_string(version) + " to " +

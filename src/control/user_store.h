@@ -13,7 +13,7 @@ void sEnsureUserStore(const std::string& path);
 
 // The schema version this program writes and reads (user_version of the
 // store; see schema_user.sql).
-constexpr int kUserStoreVersion = 1;
+constexpr int kUserStoreVersion = 2;
 
 // The schema version of a user store: 0 for one made before versions were
 // kept.

@@ -6,11 +6,12 @@
 -- The phrase, composition and pitch set tables follow from
 -- schema_shared.sql, as the library store holds them too.
 --
--- The store's schema version is kept in SQLite's user_version: 1 for this
+-- The store's schema version is kept in SQLite's user_version: 2 for this
 -- schema; 0, the engine's default, is a store made before versions were
 -- kept. A store of an older version is brought up to this one at start
--- (control/user_store.cpp); raise the number with every change of schema.
-PRAGMA user_version = 1;
+-- (control/user_store.cpp); raise the number with every change of schema or
+-- of the meaning of what is stored.
+PRAGMA user_version = 2;
 
 CREATE TABLE "User Parameters" (
   "Parameter Name" TEXT COLLATE NOCASE NOT NULL,
@@ -34,7 +35,6 @@ INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('Del
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('DelayPC', NULL);
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('DelayW', NULL);
 INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('CurrDroneFactor', NULL);
-INSERT INTO "User Parameters" ("Parameter Name", "Parameter Value") VALUES ('MarkLeadDefault', '0');
 
 CREATE TABLE "Scale Shift Specs" (
   "NPSetId" INTEGER NOT NULL,

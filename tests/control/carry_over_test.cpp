@@ -49,6 +49,8 @@ INSERT INTO "User Patterns" VALUES (1, 'Up', 'older up', 2), (2, 'Down', 'older 
 INSERT INTO "Raga - ALT Phrases" VALUES (1, 1, 'S R,G M', '1 1,2 2'), (2, 3, 'P D', '1 1');
 UPDATE "User Parameters" SET "Parameter Value" = '14' WHERE "Parameter Name" = 'CurrMusicSetId';
 UPDATE "User Parameters" SET "Parameter Value" = '7' WHERE "Parameter Name" = 'CurrTonicNoteId';
+UPDATE "User Parameters" SET "Parameter Value" = '10' WHERE "Parameter Name" = 'DelayMO';
+PRAGMA user_version = 1;
 )";
 
 using Rows = std::vector<std::string>;
@@ -115,7 +117,8 @@ class CarryOverTest : public ::testing::Test {
 
 // Each way of resolving the three clashes, the things without a clash
 // carried under new ids, the phrases joined, and the older settings taken
-// with the chosen scale following its new id.
+// with the chosen scale following its new id, read as this version reads
+// them (the older store is of version 1, whose lead of 10 is now 0).
 TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
   const struct {
     ClashChoice choice;
@@ -147,9 +150,8 @@ TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
     SCOPED_TRACE(static_cast<int>(c.choice));
     TearDown();
     SetUp();
-    auto store = platform::defaultWorkspace().openDatabase(older(), false, true, "");
     Rows clashes;
-    const CarryOverCounts counts = fCarryOverUserData(*store, {[&](const std::string& clash) {
+    const CarryOverCounts counts = fCarryOverUserData(older(), {[&](const std::string& clash) {
                                                                  clashes.push_back(clash);
                                                                  return c.choice;
                                                                },
@@ -172,6 +174,8 @@ TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
     parameter->setIndex("PrimaryKey");
     parameter->seek("=", {"CurrMusicSetId"});
     EXPECT_EQ(parameter->field("Parameter Value").asText(), c.musicSet);
+    parameter->seek("=", {"DelayMO"});
+    EXPECT_EQ(parameter->field("Parameter Value").asText(), "0") << "carried as this version reads it";
   }
 }
 
@@ -198,7 +202,7 @@ TEST_F(CarryOverTest, RefusesWhatItCannotCarryAndChangesNothing) {
       {text, "cannot be read as a Nadavik user file"},
       {(dir_ / "missing.nvy").string(), "cannot be read as a Nadavik user file"},
       {library, "is not a Nadavik user file: it has no table 'User Parameters'"},
-      {newer, "was written by a newer version of Nadavik (file version 9; this version reads up to 1)"},
+      {newer, "was written by a newer version of Nadavik (file version 9; this version reads up to 2)"},
       {damaged, "is damaged: its integrity check failed"},
   };
   const Rows before = everything();

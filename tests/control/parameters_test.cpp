@@ -134,14 +134,12 @@ class UsageParameters : public ::testing::Test {
   RecordingWindowSystem windows_;
 };
 
-// Every row of the store is a parameter of the table above (but the row
-// that records the move of the old mark lead), and every one saved is
-// restored at the next start.
+// Every row of the store is a parameter of the table above, and every one
+// saved is restored at the next start.
 TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
   std::set<std::string> tested, rows;
   for (const Parameter& p : everyParameter()) tested.insert(p.name);
   for (const auto& row : storedRows()) rows.insert(row.first);
-  rows.erase("MarkLeadDefault");
   EXPECT_EQ(rows, tested);
   setEvery(false);
   sSaveUsageParameters();
@@ -204,14 +202,15 @@ TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
   }
 }
 
-// A store saved before the lead's default became 0 holds the old default,
-// 10, for each screen, and no MarkLeadDefault row: its tens become 0 once,
-// with a trace line; a lead the user trimmed stays, and at the next start
-// nothing moves again.
+// A store saved before the lead's default became 0 (version 1) holds the old
+// default, 10, for each screen: the upgrade makes its tens 0 once, with a
+// trace line; a lead the user trimmed stays, and at the next start nothing
+// moves again.
 TEST_F(UsageParameters, TheOldDefaultLeadMovesToTheNewOnce) {
-  gDbB->execute("DELETE FROM [User Parameters] WHERE [Parameter Name] = 'MarkLeadDefault';");
+  gDbB->execute("PRAGMA user_version = 1;");
   gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '10' WHERE [Parameter Name] LIKE 'Delay%';");
   gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '25' WHERE [Parameter Name] = 'DelayPC';");
+  ASSERT_TRUE(fUpgradeUserStore(*gDbB));
   sSetDefaultOptions();
   EXPECT_EQ(std::vector<double>({double(gDelayC), double(gDelayMO), double(gDelayPC), double(gDelayW)}),
             std::vector<double>({0, 0, 25, 0}));
@@ -219,7 +218,8 @@ TEST_F(UsageParameters, TheOldDefaultLeadMovesToTheNewOnce) {
             std::string::npos) << traceText();
   gDbB->execute("UPDATE [User Parameters] SET [Parameter Value] = '10' WHERE [Parameter Name] = 'DelayMO';");
   fs::remove(gErrTraceFile);
-  sSetDefaultOptions();  // the next start
+  ASSERT_TRUE(fUpgradeUserStore(*gDbB));  // the next start
+  sSetDefaultOptions();
   EXPECT_EQ(gDelayMO, 10);
   EXPECT_EQ(traceText(), "");
 }
