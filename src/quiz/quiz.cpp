@@ -5,7 +5,6 @@
 
 #include <cstddef>
 #include <string>
-#include <vector>
 
 #include "control/screen_manager.h"
 #include "control/trace_menu.h"

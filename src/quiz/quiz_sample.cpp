@@ -24,13 +24,11 @@
 #include "display/fonts.h"
 #include "display/notation_display.h"
 #include "exploration/exploration_state.h"
+#include "exploration/illustration_setup.h"
 #include "platform/audio.h"
 #include "platform/screen.h"
 #include "quiz/quiz_state.h"
-#include "sound/music_buffers.h"
-#include "sound/music_file.h"
 #include "sound/music_set.h"
-#include "sound/notes_list.h"
 #include "sound/play_chain.h"
 #include "sound/play_state.h"
 #include "store/lookups.h"
@@ -120,17 +118,11 @@ void sDisableF20Selections() { sSetF20Selections(false); }
 
 void sSetUpForQuizModeIllustration() {
   NV_PROC("sSetUpForQuizModeIllustration");
-  gPlaySet = PhraseSet{};
-  gPlaySet.Count = gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = 1;
-  gPlaySet.NotePhrases = {gSelPhrase};
-  gPlaySet.DurPhrases = {gSelDurPhrase};
-  gPlaySet.BaseDurPhrases = {gSelDurPhrase};
   gPrefetchMode = kPrefetchNext;
   gWavOption = 1;
-  gMusicBuffers[0].Count = fCreateNotesList1(0);
   gThekaMode = gQuizTheka;
   gKeyboardDisplay = gQuizKeyboard;
-  if (fPrepareToPlaySelection1(0) == 0) sShowMessage("Error Setting up for Illustration");
+  sSetUpForPlayingSelectedPhrase();
 }
 
 // A drawn kind that the raga turns out not to have (a raga without alap,
@@ -149,7 +141,7 @@ void sSelectQuizSample() {
     found = fLoadDrawnPhrase();
   }
   if (!found) {
-    sShowMessage("None of the ragas has a phrase of the kinds you ticked. Please tick another kind.");
+    sShowMessage("None of the ragas of the library store (mrA.nvy) has a phrase of the kinds you ticked. Please tick another kind, or reinstall Nadavik if the library is damaged.");
     return;
   }
   ctl("cOK").setCaption("Selected and Playing");

@@ -15,8 +15,8 @@ void sPlayQuizSample();
 // back and the answer controls are offered.
 void sQuizSamplePlayed();
 
-// One phrase of gSelPhrase and gSelDurPhrase set up in gPlaySet and built
-// into A.wav, played without theka and without keyboard.
+// The sample's one phrase (gSelPhrase, gSelDurPhrase) set up in gPlaySet and
+// built into A.wav, to play without theka and without keyboard.
 void sSetUpForQuizModeIllustration();
 
 // Go Back and the menus: usable between samples, not while one plays.
