@@ -57,7 +57,9 @@ TEST_F(SamplerTest, EachPieceIsOfAKindTheRagaHasAndIsDescribedAsItPlays) {
     EXPECT_EQ(ctl("cRaga").text(), fGetRagaName(gCurrRagaId));
     ++drawn[gSampleKind];
     for (const auto& k : kinds) {
-      if (k.kind == gSampleKind) EXPECT_TRUE(std::regex_match(ctl("cDesc").text(), k.description)) << ctl("cDesc").text();
+      if (k.kind == gSampleKind) {
+        EXPECT_TRUE(std::regex_match(ctl("cDesc").text(), k.description)) << ctl("cDesc").text();
+      }
     }
     EXPECT_NEAR(ctl("cMM").device().length(), phraseMs(gSelDurPhrase), 250) << ctl("cDesc").text();
     playOut();
