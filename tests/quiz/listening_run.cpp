@@ -106,9 +106,12 @@ int main(int argc, char** argv) {
       [&] { return platform::createAudioDevice(scheduler, noSound); });
   program.start();
   program.finishStartUp();
-  // The greeting drone sounds on for real: let it end before the first piece.
+  // The greeting drone sounds on for real: let it end, and its done
+  // notification arrive, before the first piece. (That notification closes
+  // the file of whatever screen is current by then.)
   waitFor([&] { return program.screen("Nadavik").control("cMM").device().mode() != platform::kModePlaying; },
           60000);
+  waitFor([] { return false; }, 1000);
   sFixRandomSeed(argc > 3 ? static_cast<std::uint32_t>(std::atoi(argv[3])) : 18);
   gRunClock.start();
   program.fire("Nadavik", "cMnuTakQui", platform::EventKind::Click);
