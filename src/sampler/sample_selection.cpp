@@ -160,7 +160,7 @@ bool fSelectSample() {
   bool found = false;
   for (std::int16_t draw = 0; draw < kSamplerRagaCount && !found; ++draw) found = fDrawPiece(piece);
   if (!found) {
-    sShowMessage("Nadavik found nothing to play in the library's ragas. Please reinstall Nadavik.");
+    sShowMessage("Nadavik found nothing to play among the ragas of the library store (mrA.nvy): their phrases are empty. Please reinstall Nadavik.");
     return false;
   }
   platform::Screen& form = *gCurrForm;
