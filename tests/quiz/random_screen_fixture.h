@@ -47,12 +47,6 @@ class RandomScreenTest : public ::testing::Test {
     }
     return sum * 10;
   }
-  Names messageTexts() {
-    Names texts;
-    for (const RecordedMessage& m : program.messages()) texts.push_back(m.text);
-    return texts;
-  }
-
   ProgramHarness program;
   std::string name_;
   std::int16_t keyboardOnEntry = 0;
