@@ -57,16 +57,18 @@ void sHideAnswer() {
   ctl("Label5").setCaption("");
 }
 
-// Steps 2 to 4 of a draw: a raga by position and a kind of those ticked.
-void sDrawRagaAndKind() {
+// A raga by position and a kind of those ticked; false when the library
+// has no raga at the drawn position.
+bool fDrawRagaAndKind() {
   sRandomize();
-  fSetupSeqRaga(fRandomFrom1To(kQuizRagaCount));
+  if (fSetupSeqRaga(fRandomFrom1To(kQuizRagaCount)) == 0) return false;
   gQuizItem = gQuizItems[static_cast<std::size_t>(fRandomFrom1To(gQuizItemCount))];
   gCurrRagaName = fGetRagaName(gCurrRagaId);
   sSetupForCurrRaga();
   gSelRagaName = gCurrRagaName;
   gSelRagaId = gCurrRagaId;
   gGraceNotes = 2;
+  return true;
 }
 
 // Loads the phrase of the drawn kind; false when the raga has none of that
@@ -125,11 +127,12 @@ void sSetUpForQuizModeIllustration() {
   sSetUpForPlayingSelectedPhrase();
 }
 
-// A drawn kind that the raga turns out not to have (a raga without alap,
-// or a phrase stored empty) is never played: the draw starts again with a
-// new raga and kind, up to once for each of the 70 ragas. (Asking such a
-// raga for its first alap phrase used to be a fatal subscript error.)
-// Should every draw come up empty, the quiz says so and stays as it was.
+// A drawn kind that the raga turns out not to have (a raga without alap, a
+// phrase stored empty) or a position past the library's last raga is never
+// played: the draw starts again with a new raga and kind, up to once for
+// each of the 70 ragas. (Asking a raga without alap for its first alap
+// phrase used to be a fatal subscript error.) Should every draw come up
+// empty, the quiz says so and offers a new sample again.
 void sSelectQuizSample() {
   NV_PROC("sSelectQuizSample");
   ctl("cPrompts").setText(fGetPrompts("32") + gSeparator + fGetScaleInfo());
@@ -137,11 +140,10 @@ void sSelectQuizSample() {
   sHideAnswer();
   bool found = false;
   for (std::int16_t draw = 0; draw < kQuizRagaCount && !found; ++draw) {
-    sDrawRagaAndKind();
-    found = fLoadDrawnPhrase();
+    found = fDrawRagaAndKind() && fLoadDrawnPhrase();
   }
   if (!found) {
-    sShowMessage("None of the ragas of the library store (mrA.nvy) has a phrase of the kinds you ticked. Please tick another kind, or reinstall Nadavik if the library is damaged.");
+    sShowMessage("None of the ragas of the library store (mrA.nvy) has a phrase of the kinds you ticked. Please go back and start the quiz with other kinds ticked, or reinstall Nadavik if the library is damaged.");
     return;
   }
   ctl("cOK").setCaption("Selected and Playing");
