@@ -20,8 +20,6 @@
 
 #include <QApplication>
 
-#include <time.h>
-
 #include <chrono>
 #include <cstdint>
 #include <cstdlib>
@@ -33,6 +31,7 @@
 #include "core/session.h"
 #include "exploration/exploration.h"
 #include "platform/audio.h"
+#include "play_timing_device.h"
 #include "platform/qt/qt_window_system.h"
 #include "platform/screen.h"
 #include "platform/silent_audio.h"
@@ -46,53 +45,6 @@
 using platform::EventKind;
 
 namespace {
-
-using WallClock = std::chrono::steady_clock;
-
-double threadCpuMs() {
-  timespec t{};
-  clock_gettime(CLOCK_THREAD_CPUTIME_ID, &t);
-  return static_cast<double>(t.tv_sec) * 1e3 + static_cast<double>(t.tv_nsec) / 1e6;
-}
-
-// When the device last went from not playing to playing.
-WallClock::time_point gPlayStartedWall;
-double gPlayStartedCpuMs = 0;
-
-// The silent device, passing the properties and notifications through and
-// noting the moment a command starts it playing.
-class PlayTimingDevice : public platform::AudioDevice {
- public:
-  explicit PlayTimingDevice(std::unique_ptr<platform::AudioDevice> inner)
-      : inner_(std::move(inner)) {
-    inner_->onDone = [this](int code) { if (onDone) onDone(code); };
-    inner_->onStatus = [this] { if (onStatus) onStatus(); };
-  }
-  bool command(const std::string& name) override {
-    inner_->notify = notify;
-    inner_->wait = wait;
-    inner_->shareable = shareable;
-    inner_->deviceType = deviceType;
-    inner_->fileName = fileName;
-    inner_->from = from;
-    inner_->to = to;
-    const bool wasPlaying = inner_->mode() == platform::kModePlaying;
-    const bool done = inner_->command(name);
-    if (!wasPlaying && inner_->mode() == platform::kModePlaying) {
-      gPlayStartedWall = WallClock::now();
-      gPlayStartedCpuMs = threadCpuMs();
-    }
-    return done;
-  }
-  long length() const override { return inner_->length(); }
-  long position() const override { return inner_->position(); }
-  int mode() const override { return inner_->mode(); }
-  int error() const override { return inner_->error(); }
-  std::string errorMessage() const override { return inner_->errorMessage(); }
-
- private:
-  std::unique_ptr<platform::AudioDevice> inner_;
-};
 
 // The notes (blank-separated words) of one phrase.
 int phraseNotes(const std::string& phrase) {

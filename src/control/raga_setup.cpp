@@ -4,6 +4,7 @@
 #include "core/errors.h"
 #include "core/messages.h"
 #include "core/session.h"
+#include "sound/drone.h"
 #include "sound/music_set.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
@@ -16,4 +17,11 @@ void sSetupRagaAndSound() {
   if (droneType == kNoSuchRaga || droneType == gCurrDroneType) return;
   gCurrDroneType = droneType;
   if (fCreateNoteSeedsForUse() == 0) sShowMessage("Error in setting up for current Raga");
+}
+
+std::int16_t fSetupSeqRaga(std::int16_t n) {
+  NV_PROC("fSetupSeqRaga");
+  const std::int16_t ragaId = fGetSeqRagaId(n);
+  if (ragaId != 0) sAdjustDroneType(fGetRagaDroneType(ragaId));
+  return ragaId;
 }

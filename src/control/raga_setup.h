@@ -15,6 +15,9 @@
 // seeds.
 void sSetupRagaAndSound();
 
-// A raga drawn by position (the sampler, the quiz) is made current by
-// fGetSeqRagaId and then sAdjustDroneType(fGetRagaDroneType(id)), in that
-// order, here beside sSetupRagaAndSound when those screens arrive.
+// A raga drawn by position (the sampler, the quiz): makes row n (from 1, in
+// stored order) of the library's raga table gCurrRagaId by fGetSeqRagaId,
+// then takes that raga's drone type with sAdjustDroneType, in that order.
+// Answers the raga's id; 0, with nothing changed, when there is no row n.
+// The caller loads the raga's working record itself.
+std::int16_t fSetupSeqRaga(std::int16_t n);

@@ -5,12 +5,12 @@
 
 #include <filesystem>
 #include <map>
-#include <random>
 
 #include "control/screen_table.h"
 #include "control/trace_menu.h"
 #include "core/error_state.h"
 #include "core/errors.h"
+#include "core/random.h"
 #include "core/session.h"
 #include "core/trace.h"
 #include "keyboard/keyboard_layout.h"
@@ -184,12 +184,16 @@ void sShowForm(std::int16_t mode) {
   float w = 0, h = 0;
   applySavedGeometry(s, w, h);
   layOutControls(s, w, h);
-  gImageFile = backgroundPicture();
-  s.setPicture(gImageFile);
-  static std::mt19937 random{std::random_device{}()};
-  gImageIndex = static_cast<std::int16_t>(std::uniform_int_distribution<int>(1, 8)(random));
+  sRandomize();
+  sShowNextPicture(s);
   s.show();
   if (mode == 1 && gPrevForm && gPrevForm != &s) gPrevForm->setVisible(false);
+}
+
+void sShowNextPicture(platform::Screen& s) {
+  gImageFile = backgroundPicture();
+  s.setPicture(gImageFile);
+  gImageIndex = fRandomFrom1To(kPictureCount);
 }
 
 void sSetFormParameters() {

@@ -29,6 +29,13 @@ platform::Screen* fFormById(std::int16_t formId);
 void sSetCurrFormById();
 void sShowForm(std::int16_t mode);
 void sSetFormParameters();
+
+// The background pictures nv1.jpg to nv8.jpg.
+constexpr std::int16_t kPictureCount = 8;
+// Makes picture gImageIndex the screen's background, then draws the number
+// of the next one (1 to 8) from the program's generator, without reseeding
+// it: callers reseed first where they want to.
+void sShowNextPicture(platform::Screen& s);
 // After a change of window size: the controls laid out again from the
 // screen's ratios, and a keyboard on show with them.
 void sResizeForm();

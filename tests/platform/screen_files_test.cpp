@@ -7,6 +7,8 @@
 // definition is a program error there.)
 #include <gtest/gtest.h>
 
+#include <algorithm>
+#include <cmath>
 #include <map>
 #include <ostream>
 #include <set>
@@ -126,6 +128,39 @@ TEST_P(ScreenFile, IsWholeAndFitsItsWindow) {
       EXPECT_FALSE(a.frame != b.name && b.frame != a.name && overlaps(a, b)) << a.name << " and " << b.name;
     }
 
+}
+
+// Relative luminance of a 0xBBGGRR colour, by the sRGB formula of WCAG 2.
+double luminance(int bgr) {
+  double sum = 0;
+  const double weights[] = {0.2126, 0.7152, 0.0722};  // red, green, blue
+  for (int channel = 0; channel < 3; ++channel) {
+    const double c = ((bgr >> (8 * channel)) & 0xFF) / 255.0;
+    sum += weights[channel] * (c <= 0.03928 ? c / 12.92 : std::pow((c + 0.055) / 1.055, 2.4));
+  }
+  return sum;
+}
+
+double contrast(int a, int b) {
+  const double la = luminance(a), lb = luminance(b);
+  return (std::max(la, lb) + 0.05) / (std::min(la, lb) + 0.05);
+}
+
+// The background pictures run from pale to dark, so text drawn straight on
+// them is unreadable on some: on the quiz and the sampler every label,
+// check box and frame brings its own background, and its text stands out
+// from it by at least 4.5 to 1 (buttons, lists and text boxes are opaque).
+TEST(ScreenFiles, TextOnTheQuizAndSamplerPicturesHasAReadableBackground) {
+  for (const char* name : {"Quiz", "NVSampler"}) {
+    ScreenParseError error;
+    const auto def = loadScreenDefinition(std::string(NADAVIK_SCREENS_DIR) + "/" + name + ".screen", &error);
+    ASSERT_TRUE(def) << error.message;
+    for (const ControlDefinition& c : def->controls) {
+      if (c.kind != ControlKind::Label && c.kind != ControlKind::CheckBox && c.kind != ControlKind::Frame) continue;
+      ASSERT_TRUE(c.backColor) << name << "." << c.name;
+      EXPECT_GE(contrast(c.foreColor.value_or(0), *c.backColor), 4.5) << name << "." << c.name;
+    }
+  }
 }
 
 INSTANTIATE_TEST_SUITE_P(Shipped, ScreenFile, ::testing::ValuesIn(kScreens),
