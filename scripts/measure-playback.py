@@ -2,7 +2,7 @@
 """Measures a recording of Nadavik playing against the log of its marks.
 
     scripts/with-audio-server.sh --record out.wav \\
-        build/release/tests/control/nadavik_play_scenario marks.log
+        build/release/tools/drivers/nadavik_play_scenario marks.log
     scripts/measure-playback.py out.wav marks.log
 
 The log (written by nadavik_play_scenario) gives, in wall-clock seconds, each

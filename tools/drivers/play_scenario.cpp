@@ -2,7 +2,7 @@
 // note was marked, for scripts/measure-playback.py to set against a
 // recording of what was heard (not a test: run by hand on a sound server):
 //
-//   scripts/with-audio-server.sh --record out.wav build/release/tests/control/nadavik_play_scenario marks.log
+//   scripts/with-audio-server.sh --record out.wav build/release/tools/drivers/nadavik_play_scenario marks.log
 //
 // The whole program runs in this process (Qt offscreen), as the program
 // tests run it, but with the real audio device. In Yaman, in Demo, it plays

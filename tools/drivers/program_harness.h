@@ -1,4 +1,4 @@
-// Runs the whole program in the test process: real screens (Qt offscreen),
+// Runs the whole program in this process: real screens (Qt offscreen),
 // real store files in a temporary program folder, the silent audio device
 // on a virtual clock, and message boxes answered and recorded.
 #pragma once
