@@ -112,7 +112,8 @@ void sSetProgramFolders(const ProgramFolders& folders) { gFolders = folders; }
 bool fMakeWritableFolders(const ProgramFolders& folders) {
   for (const std::string& folder : {folders.user, folders.state}) {
     std::error_code ec;
-    fs::create_directories(folder, ec);
+    // A folder made here is the user's alone, as the XDG rules ask.
+    if (fs::create_directories(folder, ec)) fs::permissions(folder, fs::perms::owner_all, ec);
     if (!ec && access(folder.c_str(), W_OK) == 0) continue;
     sShowMessage("Nadavik cannot write its files in the folder '" + folder +
                  "'. Please make that folder writable for your user and start Nadavik again.");
