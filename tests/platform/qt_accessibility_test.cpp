@@ -77,7 +77,8 @@ TEST(Accessibility, AControlWithoutCaptionIsNamedByTheFirstSentenceOfItsHelp) {
   } cases[] = {
       {"All ragas of Nadavik. Click a raga to explore it.", "All ragas of Nadavik"},
       {"The notes of the phrase.", "The notes of the phrase"},
-      {"Version 2.2 of the notes: read them", "Version 2.2 of the notes: read them"},
+      {"Everything it can play: aroha, pakad.", "Everything it can play"},
+      {"Version 2.2 of the notes", "Version 2.2 of the notes"},
       {"", "cNotes"},
   };
   for (const auto& c : cases) {

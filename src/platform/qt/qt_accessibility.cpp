@@ -3,6 +3,7 @@
 
 #include <QEvent>
 #include <QKeyEvent>
+#include <QRegularExpression>
 #include <QTableWidget>
 #include <QWidget>
 #include <utility>
@@ -39,7 +40,9 @@ class KeyboardChoice : public QObject {
 QString accessibleNameFromHelp(const ControlDefinition& definition) {
   const QString help = QString::fromStdString(definition.help).trimmed();
   if (help.isEmpty()) return QString::fromStdString(definition.name);
-  const qsizetype end = help.indexOf(". ");
+  // A name is short: the help up to its first full stop or colon.
+  static const QRegularExpression kEnd(R"([.:]\s)");
+  const qsizetype end = help.indexOf(kEnd);
   QString sentence = end < 0 ? help : help.left(end);
   if (sentence.endsWith('.')) sentence.chop(1);
   return sentence;

@@ -16,8 +16,8 @@ namespace platform {
 
 // The accessible name of a control that has no caption to be announced by
 // (text boxes, lists, grids, sliders, and buttons whose caption is still
-// empty, such as the quiz's answers before a question): the first sentence
-// of its help text, without the closing full stop, or else its name.
+// empty, such as the quiz's answers before a question): its help text up to
+// the first full stop or colon, or else its name.
 QString accessibleNameFromHelp(const ControlDefinition& definition);
 
 // Gives the widget its accessible description (the help text), an
