@@ -56,6 +56,17 @@ TEST_F(ProgramFoldersTest, DataFromTheLayoutAndUserFilesFromTheXdgFolders) {
   }
 }
 
+TEST_F(ProgramFoldersTest, TheUserGuideIsFoundInTheInstalledAndTheBuildLayout) {
+  EXPECT_EQ(fUserGuidePage(fResolveProgramFolders(at("build"), {})), "");
+  for (const char* page : {"usr/share/doc/nadavik/user-guide/index.html", "build/doc/user-guide/index.html"}) {
+    fs::create_directories((root_ / page).parent_path());
+    std::ofstream(root_ / page) << "<html>";
+  }
+  EXPECT_EQ(fUserGuidePage(fResolveProgramFolders(at("usr/bin"), {})),
+            at("usr/share/doc/nadavik/user-guide/index.html"));
+  EXPECT_EQ(fUserGuidePage(fResolveProgramFolders(at("build"), {})), at("build/doc/user-guide/index.html"));
+}
+
 TEST_F(ProgramFoldersTest, AnOldUserStoreBesideABuildFolderProgramMovesOnceAndNeverOverwrites) {
   const ProgramFolders build = fResolveProgramFolders(at("build"), {"", at("data"), at("state"), ""});
   ASSERT_TRUE(fMakeWritableFolders(build));

@@ -35,6 +35,8 @@ void nameAfterCaption(QWidget& widget, const ControlDefinition& definition,
 
 // Enter or Space on a list or grid chooses its current item as a click on
 // it does: the arrow keys move through the items, Enter or Space chooses.
+// On a button, Enter presses it as Space does (Qt presses a button by Enter
+// only in dialogs, and our screens are windows).
 void chooseByKeyboard(QWidget& widget, const std::function<void()>& click);
 
 }  // namespace platform

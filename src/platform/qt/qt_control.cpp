@@ -341,6 +341,7 @@ void QtControl::connectSignals() {
     case ControlKind::CommandButton:
       QObject::connect(static_cast<QPushButton*>(w), &QPushButton::clicked,
                        [this] { fire(EventKind::Click); });
+      chooseByKeyboard(*w, [this] { fire(EventKind::Click); });
       break;
     case ControlKind::OptionButton:
     case ControlKind::CheckBox: {
