@@ -14,25 +14,32 @@
 //                      their first answer (OK, or No) and their text goes
 //                      to standard error, their detailed text after it.
 //                      Exit status 0 only when the main window was shown.
+//   --help, --version  Print the usage or the version on standard output
+//                      and exit 0, before any window is made (so they need
+//                      no display).
 // Exit status: 1 after a fatal error or when refused as a second copy, in
 // every run; otherwise 0.
 // Environment:
 //   NADAVIK_DATA_FOLDER  A folder that holds the data files (stores, tabla
 //                        kits, pictures, font) in place of the program's own
-//                        folder; the trace files and the user's store are
-//                        written there too. Checks run the program on a copy
-//                        so that the build's own stores stay as they are.
+//                        data folder; the trace files and the user's store
+//                        are written there too. Checks run the program on a
+//                        copy so that the build's own stores stay as they are.
+//   XDG_DATA_HOME, XDG_STATE_HOME  Where the user's store and the trace files
+//                        go (control/program_folders.h).
 #include <QApplication>
-#include <QDir>
 #include <QElapsedTimer>
 #include <QStringList>
 #include <QTimer>
 #include <QWidget>
 #include <cstdio>
+#include <cstring>
 #include <optional>
 #include <string>
 
 #include "app/screens.h"
+#include "control/parameters.h"
+#include "control/program_folders.h"
 #include "control/startup.h"
 #include "core/error_state.h"
 #include "core/messages.h"
@@ -63,10 +70,33 @@ std::string commandLine(const QStringList& arguments) {
   return line;
 }
 
-// The folder the program reads its data files from.
-std::string dataFolder(const std::string& programFolder) {
-  const QString chosen = qEnvironmentVariable("NADAVIK_DATA_FOLDER");
-  return chosen.isEmpty() ? programFolder : QDir(chosen).absolutePath().toStdString();
+const char* const kUsage =
+    "Usage: nadavik [--help] [--version] [--quit-when-shown] [1] [2]\n"
+    "Nadavik: learn the ragas of North Indian classical music.\n"
+    "\n"
+    "  1                  write a trace of the program's steps to errtrace.txt\n"
+    "  2                  run the script NVScript.txt of the data folder\n"
+    "  --quit-when-shown  start unattended and leave once the main window shows\n"
+    "  --help             print this help and exit\n"
+    "  --version          print the version and exit\n"
+    "\n"
+    "Your own store is kept in $XDG_DATA_HOME/nadavik (~/.local/share/nadavik),\n"
+    "the trace files in $XDG_STATE_HOME/nadavik (~/.local/state/nadavik).\n";
+
+// Answers --help and --version, which need no window; true when one was
+// answered.
+bool answeredInformationOption(int argc, char* argv[]) {
+  for (int i = 1; i < argc; ++i) {
+    if (std::strcmp(argv[i], "--help") == 0) {
+      std::fputs(kUsage, stdout);
+      return true;
+    }
+    if (std::strcmp(argv[i], "--version") == 0) {
+      std::printf("nadavik %s\n", fGetNVVerString().c_str());
+      return true;
+    }
+  }
+  return false;
 }
 
 // The window of a screen when it is really on the screen (a screen's own
@@ -144,13 +174,14 @@ class UnattendedStart {
 }  // namespace
 
 int main(int argc, char* argv[]) {
+  if (answeredInformationOption(argc, argv)) return 0;
   QApplication app(argc, argv);
   QApplication::setApplicationName("Nadavik");
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string appDir = QCoreApplication::applicationDirPath().toStdString();
   const bool unattended = QCoreApplication::arguments().contains(kQuitWhenShown);
 
-  platform::QtWindowSystem windows(appDir + "/screens");
+  platform::QtWindowSystem windows(fReadOnlyDataFolder(appDir) + "/screens");
   windows.setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
   platform::QtScheduler scheduler;
   platform::NoOutputNotice noSound{[](const std::string& message) { sShowMessage(message); }};
@@ -159,7 +190,8 @@ int main(int argc, char* argv[]) {
   platform::setWindowSystem(&windows);
   platform::setEventBoundary(sRunTrapped);
 
-  sSetProgramLocation(dataFolder(appDir), commandLine(QCoreApplication::arguments()));
+  sSetProgramLocation(fResolveProgramFolders(appDir, fFolderEnvironment()),
+                      commandLine(QCoreApplication::arguments()));
   if (!sRegisterProgramScreens()) return 1;  // a screen definition is missing or damaged
   platform::Screen& main = windows.screen("Nadavik");
   std::optional<UnattendedStart> check;

@@ -192,8 +192,12 @@ void sSelectRaga(std::int16_t event) {
 void sBindRagaSelection1Events(platform::Screen& screen) {
   using platform::Event;
   using platform::EventKind;
+  // A raga is chosen by a click, or by Enter or Space, which the screens
+  // deliver as a click on a list or grid. The arrow keys move through the
+  // grid and choose nothing: a deliberate correction of "any key chooses",
+  // under which the first arrow key opened the raga under it and the grid
+  // could not be worked from the keyboard.
   screen.on("cRagaList", EventKind::Click, [](const Event&) { sSelectRaga(1); });
-  screen.on("cRagaList", EventKind::KeyDown, [](const Event&) { sSelectRaga(1); });
   screen.on("cRagaListT", EventKind::Click, [](const Event&) { sSelectRaga(3); });
   for (std::int16_t mode = 0; mode < static_cast<std::int16_t>(kSortMenuEntries.size()); ++mode)
     screen.on(kSortMenuEntries[mode], EventKind::Click,

@@ -1,6 +1,7 @@
 // Event handlers of the main window (form id 1) and of the opening screen
 // shown before it.
 #include "control/carry_over.h"
+#include "control/program_folders.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/startup.h"
@@ -33,6 +34,16 @@ void onMainQueryUnload(const Event& e) {
   if (e.unloadMode != 0) return;  // the program's own unload
   gCloseReason = 2;
   sNVControl(20);
+}
+
+// Help, User Guide: the guide's page in the desktop's browser, or a message
+// that says where the page is when no browser could be started.
+void openUserGuide() {
+  const std::string page = fUserGuidePage(fProgramFolders());
+  if (page.empty() || !platform::windowSystem().openDocument(page))
+    sShowMessage(page.empty() ? "The user guide of Nadavik is not installed."
+                              : "No web browser could be started to show the user guide. Please open the file '" +
+                                    page + "' yourself.");
 }
 
 void onMainTimer() {
@@ -76,6 +87,7 @@ void sBindNadavikEvents(platform::Screen& s) {
     sMnuTipsCheck();
   });
   s.on("cMnuHel", EventKind::Click, [](const Event&) { gCurrForm->enterWhatsThisMode(); });
+  s.on("cMnuUseGui", EventKind::Click, [](const Event&) { openUserGuide(); });
   sBindTraceMenuEvents(s);
 }
 
@@ -83,7 +95,7 @@ void sBindNadavikEvents(platform::Screen& s) {
 // picture is the one the main window opens with.
 void sBindOpeningScreenEvents(platform::Screen& s) {
   s.on("", EventKind::Load, [&s](const Event&) {
-    s.control("Picture1").setPicture(gAppPath + "/nv6.jpg");
+    s.control("Picture1").setPicture(gDataPath + "/nv6.jpg");
   });
   s.on("OKButton", EventKind::Click, [&s](const Event&) {
     gOpeningOk = 1;

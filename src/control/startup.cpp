@@ -21,6 +21,7 @@
 #include <fstream>
 
 #include "control/parameters.h"
+#include "control/program_folders.h"
 #include "control/screen_manager.h"
 #include "control/screen_table.h"
 #include "control/trace_menu.h"
@@ -44,6 +45,9 @@ namespace fs = std::filesystem;
 namespace {
 
 std::string gCommandLine;
+// Why the temporary folder cannot take music files, "" when it can (checked
+// once at the start).
+std::string gWaveFolderFault;
 
 const char* const kCredits =
     "Harmonium, tanpura and tabla are synthesised by Nadavik's own sound library. "
@@ -60,6 +64,11 @@ void removeIfExists(const std::string& path) {
 }
 
 platform::Screen& mainWindow() { return *gMainMenuForm; }
+
+void removeRunTempFolder() {
+  std::error_code ec;
+  if (!gTempPath.empty()) fs::remove_all(gTempPath, ec);
+}
 
 // Writes the start lines of a new trace file in place of the last run's.
 // They are written beside it and renamed over it only when whole, so that a
@@ -82,7 +91,7 @@ bool openErrorTraceFile() {
     cause = ec.message();
   }
   removeIfExists(fresh);
-  sShowMessage("Nadavik cannot write its files in the folder '" + gDataPath + "' (" + cause +
+  sShowMessage("Nadavik cannot write its files in the folder '" + fProgramFolders().state + "' (" + cause +
                "). Please make room on that disk or make that folder writable for your user, "
                "and start Nadavik again.");
   sSetExitStatus(1);
@@ -127,6 +136,12 @@ void readMaximisedGeometry() {
   gResizeEnabled = 0;
 }
 
+// Ends a start that cannot go on, with a non-zero exit status.
+void refuseStart() {
+  sSetExitStatus(1);
+  fFormById(kFormNadavik)->unload();
+}
+
 // A second copy of the program must know that it is one before it writes
 // anything (it used to empty the running copy's trace file). The first sign
 // it can have is the user store's exclusive lock, so that store is opened
@@ -136,7 +151,7 @@ void readMaximisedGeometry() {
 // where the fault is reported as usual; a missing one means that no copy
 // runs on this folder.
 bool holdUserStore() {
-  const std::string path = gDataPath + "/mrB.nvy";
+  const std::string path = fProgramFolders().user + "/mrB.nvy";
   gDbB.reset();
   if (!fileExists(path)) return true;
   try {
@@ -144,8 +159,7 @@ bool holdUserStore() {
   } catch (const platform::StoreError& e) {
     if (e.number != 3045) return true;
     sShowMessage("Nadavik is already running");
-    sSetExitStatus(1);
-    fFormById(kFormNadavik)->unload();
+    refuseStart();
     return false;
   }
   return true;
@@ -193,11 +207,12 @@ void setTipControlsVisible(bool on) {
 }
 
 void startProgram() {
-  gAppPath = gAppPath.empty() ? fs::current_path().string() : gAppPath;
   gExeFile = gAppPath + "/tonvex.exe";
-  gDataPath = gAppPath;
-  gErrTraceFile = gDataPath + "/errtrace.txt";
+  gErrTraceFile = fProgramFolders().state + "/errtrace.txt";
+  if (!fMakeWritableFolders(fProgramFolders())) return refuseStart();
+  const std::string userStoreMove = fMoveOldUserStore(fProgramFolders());
   if (!holdUserStore() || !openErrorTraceFile()) return;
+  if (!userStoreMove.empty()) sTraceLine(userStoreMove);
   sCheckCommandLine();
   sSetGlobalVariables();
   sCheckFont();
@@ -210,12 +225,6 @@ void startProgram() {
   fillMainLabels();
   mainWindow().setVisible(false);
   if (!openStores()) return;
-  // The greeting drone keeps its place beside the program's folder
-  // ("<folder>D.Wav") rather than moving to the temporary folder; instead
-  // every way out removes it (stopProgram for Exit and the
-  // close box, the halt for a fatal error), and a file left by a killed run
-  // goes here, once this run holds the user store and so is the only copy.
-  removeIfExists(gDroneWavFile);
   sCheckSetNVVersion();
   sSetDefaultOptions();
   sMnuTipsCheck();
@@ -229,9 +238,9 @@ void stopProgram() {
   gImageIndex = 6;
   showMainPicture();
   sDeleteWavFiles();
-  // The close box removes the greeting drone too, though it once kept the
-  // last played file: no greeting file may outlive the run.
-  removeIfExists(gDroneWavFile);
+  // The run's temporary folder goes with every file in it, the greeting
+  // drone among them (the close box once kept the last played file).
+  removeRunTempFolder();
   sSaveUsageParameters();
   sCloseStores();
   gDbA.reset();
@@ -241,9 +250,11 @@ void stopProgram() {
 
 }  // namespace
 
-void sSetProgramLocation(const std::string& appPath, const std::string& commandLine) {
+void sSetProgramLocation(const ProgramFolders& folders, const std::string& commandLine) {
   sSetExitStatus(0);
-  gAppPath = appPath;
+  sSetProgramFolders(folders);
+  gAppPath = folders.program;
+  gDataPath = folders.data;
   gCommandLine = commandLine;
 }
 
@@ -291,7 +302,7 @@ std::string fGetTempFilesPathName() {
   std::error_code ec;
   fs::path base = fs::absolute(tmpdir != nullptr && *tmpdir != '\0' ? tmpdir : "/tmp", ec);
   if (ec) base = "/tmp";
-  return (base / ("nadavik-" + std::to_string(getuid()))).string() + "/";
+  return fRunTempFolder(base.string());
 }
 
 void sSetGlobalVariables() {
@@ -299,15 +310,15 @@ void sSetGlobalVariables() {
   gCrLf = "\r\n";
   gSeparator = " - ";
   gStoreAPath = gDataPath + "/mrA.nvy";
-  gStoreBPath = gDataPath + "/mrB.nvy";
+  gStoreBPath = fProgramFolders().user + "/mrB.nvy";
   gTempPath = fGetTempFilesPathName();
-  if (const std::string fault = fWaveFolderFault(gTempPath); !fault.empty())
-    sShowMessage(fWaveFolderMessage(gTempPath, fault));
+  gWaveFolderFault = fWaveFolderFault(gTempPath);
+  if (!gWaveFolderFault.empty()) sShowMessage(fWaveFolderMessage(gTempPath, gWaveFolderFault));
   gWavA = gTempPath + "A.wav";
   gWavB = gTempPath + "B.wav";
   gWavC = gTempPath + "C.wav";
   gWavFiles = {gWavA, gWavB, gWavC, ""};
-  gDroneWavFile = gAppPath + "D.Wav";
+  gDroneWavFile = gTempPath + "D.wav";
   gInstrLibFiles = {"", "", gDataPath + "/vlb.nvy", gDataPath + "/clb.nvy", ""};
   sCreateScreenObjects();
 }
@@ -363,14 +374,19 @@ void sInitApp1() {
   sShowForm(0);
   sDisableNVSelections();
   gDroneCycles = 2;
-  if (!fGenerateGreetingDrone()) return;
-  gCurrMusicFile = gDroneWavFile;
-  gCurrItemType = 0;
-  gCallbackContext = 0;
-  gFileOpened = 0;
-  sPlayMusicFile(gCurrMusicFile);
   platform::Control& timer = mainWindow().control("cTimer");
-  timer.setInterval(gDroneCycles * 3200 + 100);
+  timer.setInterval(100);
+  // The greeting drone is written in the temporary folder: when the start
+  // has told that the folder cannot take it, the start goes on without it.
+  if (gWaveFolderFault.empty()) {
+    if (!fGenerateGreetingDrone()) return;
+    gCurrMusicFile = gDroneWavFile;
+    gCurrItemType = 0;
+    gCallbackContext = 0;
+    gFileOpened = 0;
+    sPlayMusicFile(gCurrMusicFile);
+    timer.setInterval(gDroneCycles * 3200 + 100);
+  }
   timer.setEnabled(true);
 }
 

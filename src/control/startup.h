@@ -6,6 +6,8 @@
 #include <cstdint>
 #include <string>
 
+#include "control/program_folders.h"
+
 namespace platform {
 class Screen;
 }
@@ -14,9 +16,9 @@ class Screen;
 // the SQLite engine, which has no passwords).
 inline constexpr const char* kConnectString = "MS ACCESS;PWD=QtLrBeHuVcPoD";
 
-// Where the program runs from and what it was started with; main() sets
-// these before the main window loads.
-void sSetProgramLocation(const std::string& appPath, const std::string& commandLine);
+// Where the program runs from, reads and writes (see program_folders.h), and
+// what it was started with; main() sets these before the main window loads.
+void sSetProgramLocation(const ProgramFolders& folders, const std::string& commandLine);
 
 void sNVControl(std::int16_t event);
 void sSetGlobalVariables();

@@ -17,9 +17,9 @@ class Workspace;
 
 // Paths and files.
 extern std::string gAppPath;        // directory of the program
-extern std::string gDataPath;       // directory of the data files
+extern std::string gDataPath;       // directory of the read-only data files
 extern std::string gExeFile;
-extern std::string gErrTraceFile;   // gDataPath + "/errtrace.txt"
+extern std::string gErrTraceFile;   // errtrace.txt in the state folder
 extern std::string gCrLf;
 extern std::string gSeparator;      // " - "
 extern std::string gStoreAPath;     // library store mrA.nvy

@@ -117,7 +117,9 @@ std::int16_t fIgnorable() {
   if (isForgiven(gErrNumber)) {
     answer = -1;
     ++gIgnorableCount;
-    std::ofstream out(gDataPath + "/ignoerr.txt", std::ios::app);
+    // The forgiven errors are kept beside the trace file, in the state folder.
+    const auto folder = std::filesystem::path(gErrTraceFile).parent_path();
+    std::ofstream out(folder / "ignoerr.txt", std::ios::app);
     out << "\n" << "Ignorable Error No. " << gIgnorableCount << "\n";
     writeErrorLines(out);
   } else if (gErrNumber == kErrEngineComponent) {
@@ -144,10 +146,12 @@ void sProgramErrorExit() {
   // The box keeps its required wording, which names sFillErrorParam and
   // asks to try again even when the cause is lasting (a damaged or
   // unwritable store); what went wrong and where is in its detailed text.
+  // One correction: the file is named by its whole path, since it lives in
+  // the user's state folder (~/.local/state/nadavik), not beside the program.
   sShowMessageWithDetail(
       "A program error has occured in procedure '" + gCurrProcName +
-          "'. Program execution will be halted, and error trace will be appended to file "
-          "'errtrace.txt'. Please e-mail that file to " +
+          "'. Program execution will be halted, and error trace will be appended to file '" +
+          gErrTraceFile + "'. Please e-mail that file to " +
           kSupportEmail + " and try running Nadavik again.",
       fFatalErrorDetail());
   ++gErrorTrapCount;
@@ -172,11 +176,11 @@ void sHaltProgramExecution() {
     std::error_code ec;
     if (!gCurrMusicFile.empty()) std::filesystem::remove(gCurrMusicFile, ec);
   }
-  // The greeting drone beside the program's folder is this run's only when it
-  // holds the user store: a second copy, refused at that store, leaves the
-  // running copy's file alone.
+  // The run's own temporary folder goes with the greeting drone and every
+  // other wave file in it (a second copy, refused before it has one, has
+  // nothing to remove).
   std::error_code ec;
-  if (gDbB && !gDroneWavFile.empty()) std::filesystem::remove(gDroneWavFile, ec);
+  if (!gTempPath.empty()) std::filesystem::remove_all(gTempPath, ec);
   gExitStatus = 1;
   // The screens' unload handlers have had the stores; the program ends now.
   sCloseStores();

@@ -291,6 +291,10 @@ class WindowSystem {
   virtual std::vector<std::string> fontFamilies() const = 0;
   virtual int addFontResource(const std::string& path) = 0;
 
+  // Opens a document (the user guide's HTML page) in the desktop's own
+  // viewer; false when none could be started.
+  virtual bool openDocument(const std::string& path) = 0;
+
   // Lets pending events through (timers, device notifications, paints).
   virtual void processEvents() = 0;
 

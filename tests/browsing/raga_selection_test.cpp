@@ -2,11 +2,12 @@
 // raga moved beyond group 3 and a Null time beside Ahir Bhairav's Null
 // thata: the rows and their order for every sort mode, reached from the
 // menu and from a click on a heading, the menu's check mark, the headings,
-// choosing a raga by click or key, and the grid kept for
+// choosing a raga by click or by Enter or Space (arrows only move), and the grid kept for
 // the return from the exploration screen; and the review of raga groups
 // with the summary opened from it.
 #include <gtest/gtest.h>
 
+#include <QKeyEvent>
 #include <QMenu>
 #include <QMouseEvent>
 #include <QTableWidget>
@@ -170,16 +171,25 @@ TEST_F(RagaSelection, AClickOrKeyOnARowExploresThatRagaAndGoBackFindsTheGridAsLe
   EXPECT_EQ(grid().textMatrix(0, 5), "marked");
   EXPECT_EQ(grid().row(), rowOf("Yaman"));
   EXPECT_EQ(checkedSortEntries(), Names{"cMnuVad"});
-  for (int keyCode : {13, 32, 40, 65}) {
-    SCOPED_TRACE(keyCode);
+  // Keys pressed on the grid's widget: the arrows move and choose nothing;
+  // Enter and Space choose the raga under the cursor.
+  const struct {
+    Qt::Key key;
+    const char* chosen;  // "" when the grid stays
+    int rowsMoved;
+  } keys[] = {{Qt::Key_Down, "", 1}, {Qt::Key_Up, "", -1}, {Qt::Key_A, "", 0},
+              {Qt::Key_Return, "Bhairav", 0}, {Qt::Key_Enter, "Bhairav", 0}, {Qt::Key_Space, "Bhairav", 0}};
+  for (const auto& k : keys) {
+    SCOPED_TRACE(k.key);
     screenharness::startAtMainWindow();
     sSelectRaga(0);
     grid().setRow(rowOf("Bhairav"));
-    platform::Event key;
-    key.keyCode = keyCode;
-    static_cast<platform::QtScreen&>(screen()).dispatch("cRagaList", platform::EventKind::KeyDown, key);
-    EXPECT_EQ(gSelRagaName, "Bhairav");
-    EXPECT_EQ(gCurrFormId, kFormMainOperations);
+    gSelRagaName.clear();
+    QKeyEvent press(QEvent::KeyPress, k.key, Qt::NoModifier, k.key == Qt::Key_Space ? " " : "");
+    QApplication::sendEvent(static_cast<platform::QtControl&>(grid()).widget(), &press);
+    EXPECT_EQ(gSelRagaName, k.chosen);
+    EXPECT_EQ(gCurrFormId, *k.chosen ? kFormMainOperations : kFormRagaSelection1);
+    if (!*k.chosen) EXPECT_EQ(grid().row(), rowOf("Bhairav") + k.rowsMoved);
   }
   screenharness::startAtMainWindow();
   sSelectRaga(0);

@@ -46,8 +46,8 @@ std::vector<Box>& recordBoxes() {
   return boxes;
 }
 
-// Every file of the folder and its sibling drone file, with a digest of its
-// content and its time of last change.
+// Every file of the folder, with a digest of its content and its time of
+// last change.
 std::map<std::string, std::string> snapshot(const fs::path& folder) {
   std::map<std::string, std::string> files;
   auto add = [&files](const fs::path& p) {
@@ -56,14 +56,16 @@ std::map<std::string, std::string> snapshot(const fs::path& folder) {
   };
   for (const auto& entry : fs::recursive_directory_iterator(folder))
     if (entry.is_regular_file()) add(entry.path());
-  if (fs::exists(folder.string() + "D.Wav")) add(folder.string() + "D.Wav");
   return files;
 }
 
-const std::string kFatalText =
-    "A program error has occured in procedure 'sFillErrorParam'. Program execution will be "
-    "halted, and error trace will be appended to file 'errtrace.txt'. Please e-mail that file "
-    "to support@nadavik.org and try running Nadavik again.";
+// The box names the trace file by its whole path: it lives in the state
+// folder, not beside the program.
+std::string fatalText(const fs::path& traceFile) {
+  return "A program error has occured in procedure 'sFillErrorParam'. Program execution will be "
+         "halted, and error trace will be appended to file '" +
+         traceFile.string() + "'. Please e-mail that file to support@nadavik.org and try running Nadavik again.";
+}
 
 // A user store that is not a store at all: the box keeps its wording, and
 // its details say what went wrong, in which file, and where the report is;
@@ -77,7 +79,7 @@ TEST(Exits, AFatalErrorShowsTheCauseAndTheFileInTheDetailsAndEndsWithAnErrorStat
   p.start();
   EXPECT_FALSE(p.mainWindowLoaded());
   ASSERT_EQ(boxes.size(), 1u);
-  EXPECT_EQ(boxes[0].text, kFatalText);
+  EXPECT_EQ(boxes[0].text, fatalText(p.folder() / "errtrace.txt"));
   const std::string& detail = boxes[0].detail;
   EXPECT_NE(detail.find("Error 3051: "), std::string::npos) << detail;
   EXPECT_NE(detail.find("not a store file"), std::string::npos) << detail;
@@ -116,7 +118,7 @@ TEST(Exits, TheDetailsUnfoldUnderTheMessageOfTheRealBox) {
 
 // The running copy holds the user store from another process. The second
 // copy learns it before it writes anything: the running copy's trace,
-// logs, store and drone file stay exactly as they were.
+// logs and store stay exactly as they were.
 TEST(Exits, ASecondCopyIsRefusedByNameAndTouchesNoFileOfTheRunningCopy) {
   ProgramHarness p;
   auto& boxes = recordBoxes();
@@ -124,7 +126,6 @@ TEST(Exits, ASecondCopyIsRefusedByNameAndTouchesNoFileOfTheRunningCopy) {
   platform::defaultWorkspace().createDatabase(userStore.string(), kUserStoreSchema);
   std::ofstream(p.folder() / "errtrace.txt") << "\nOpened Error Trace File\nthe running copy\n";
   std::ofstream(p.folder() / "ignoerr.txt") << "the running copy's forgiven errors\n";
-  std::ofstream(p.folder().string() + "D.Wav") << "the running copy's greeting";
 
   int ready[2];
   ASSERT_EQ(pipe(ready), 0);
@@ -153,7 +154,9 @@ TEST(Exits, ASecondCopyIsRefusedByNameAndTouchesNoFileOfTheRunningCopy) {
   EXPECT_EQ(snapshot(p.folder()), before);
 }
 
-TEST(Exits, NoExitLeavesTheGreetingDroneFile) {
+// The run's temporary folder, with the greeting drone in it, goes at every
+// way out.
+TEST(Exits, NoExitLeavesTheTemporaryFolderWithTheGreetingDrone) {
   struct Case {
     const char* exit;
     std::function<void(ProgramHarness&)> leave;
@@ -176,28 +179,41 @@ TEST(Exits, NoExitLeavesTheGreetingDroneFile) {
     auto& boxes = recordBoxes();
     p.start();
     p.finishStartUp();
-    const std::string drone = p.folder().string() + "D.Wav";
+    const fs::path drone = gDroneWavFile;
     ASSERT_TRUE(fs::exists(drone));
+    EXPECT_EQ(drone.parent_path().filename(),
+              "nadavik-" + std::to_string(getuid()) + "-" + std::to_string(getpid()));
     c.leave(p);
     p.settle();
     EXPECT_FALSE(p.mainWindowLoaded());
-    EXPECT_FALSE(fs::exists(drone));
+    EXPECT_FALSE(fs::exists(drone.parent_path()));
     EXPECT_EQ(fExitStatus(), c.status);
     EXPECT_EQ(boxes.size(), c.status == 0 ? 0u : 1u);
   }
 }
 
-// A drone file left by a killed run goes at the next start, even when that
-// start writes no greeting of its own (here the tabla kits are missing).
-TEST(Exits, ADroneFileLeftByAKilledRunGoesAtTheNextStart) {
+// The temporary folders of this user's runs that were killed go at the next
+// start, even when that start writes no greeting of its own (here the tabla
+// kits are missing); the folder of a run that is still going stays.
+TEST(Exits, TheTemporaryFolderOfAKilledRunGoesAtTheNextStart) {
+  const pid_t killed = fork();
+  if (killed == 0) _exit(0);
+  waitpid(killed, nullptr, 0);  // its id now names no process
+  const std::string prefix = "nadavik-" + std::to_string(getuid()) + "-";
+  const fs::path left = fs::temp_directory_path() / (prefix + std::to_string(killed));
+  const fs::path running = fs::temp_directory_path() / (prefix + std::to_string(getppid()));
+  for (const fs::path& folder : {left, running}) {
+    fs::create_directories(folder);
+    std::ofstream(folder / "D.wav") << "a greeting";
+  }
   ProgramHarness p;
   recordBoxes();
-  const std::string drone = p.folder().string() + "D.Wav";
-  std::ofstream(drone) << "left by a killed run";
   fs::remove(p.folder() / "clb.nvy");
   fs::remove(p.folder() / "vlb.nvy");
   p.start();
-  EXPECT_FALSE(fs::exists(drone));
+  EXPECT_FALSE(fs::exists(left));
+  EXPECT_TRUE(fs::exists(running / "D.wav"));
+  fs::remove_all(running);
   p.closeWindow("Nadavik");
 }
 

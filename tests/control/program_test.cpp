@@ -94,7 +94,8 @@ TEST(Program, AFolderTheStartCannotWriteIsNamedInOneMessage) {
     SCOPED_TRACE(c.cause);
     ProgramHarness p;
     std::ofstream(p.folder() / "errtrace.txt") << "the last run's trace\n";
-    const fs::path underAFile = p.folder() / "mrA.nvy" / ("nadavik-" + std::to_string(getuid()));
+    const fs::path underAFile =
+        p.folder() / "mrA.nvy" / ("nadavik-" + std::to_string(getuid()) + "-" + std::to_string(getpid()));
     if (c.tmpdirUnderAFile) setenv("TMPDIR", underAFile.parent_path().c_str(), 1);
     const rlimit limit{std::min(c.fileSizeLimit, usual.rlim_max), usual.rlim_max};
     setrlimit(RLIMIT_FSIZE, &limit);

@@ -45,6 +45,7 @@ class RecordingWindowSystem : public platform::WindowSystem {
   float screenHeight() const override { return 768; }
   std::vector<std::string> fontFamilies() const override { return {}; }
   int addFontResource(const std::string&) override { return 0; }
+  bool openDocument(const std::string&) override { return false; }
   void processEvents() override {}
   [[noreturn]] void endProcess(int code) override { throw ProcessEnded(code); }
 };

@@ -66,7 +66,7 @@ ProgramHarness::~ProgramHarness() {
 }
 
 void ProgramHarness::start(bool pressOk, const std::string& commandLine) {
-  sSetProgramLocation(folder_.string(), commandLine);
+  sSetProgramLocation(fSelfContainedFolders(folder_.string()), commandLine);
   if (!sRegisterProgramScreens()) return;
   // The opening screen is modal: answer it from inside its own event loop.
   QTimer::singleShot(0, [this, pressOk] {

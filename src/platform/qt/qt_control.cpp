@@ -27,6 +27,7 @@
 #include <algorithm>
 
 #include "platform/audio.h"
+#include "platform/qt/qt_accessibility.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/qt/qt_window_system.h"
 
@@ -281,6 +282,7 @@ void QtControl::createWidget(QWidget* parent, QButtonGroup* optionGroup) {
   w->setObjectName(q(def_.name));
   if (!def_.help.empty()) w->setWhatsThis(q(def_.help));
   w->installEventFilter(new EventForwarder(*this, w));
+  makeAccessible(*w, def_, hasCaption());
   ownEnabled_ = def_.enabled;
   w->setEnabled(def_.enabled);
   applyFont();
@@ -339,6 +341,7 @@ void QtControl::connectSignals() {
     case ControlKind::CommandButton:
       QObject::connect(static_cast<QPushButton*>(w), &QPushButton::clicked,
                        [this] { fire(EventKind::Click); });
+      chooseByKeyboard(*w, [this] { fire(EventKind::Click); });
       break;
     case ControlKind::OptionButton:
     case ControlKind::CheckBox: {
@@ -366,6 +369,7 @@ void QtControl::connectSignals() {
     case ControlKind::ListBox:
       QObject::connect(static_cast<QListWidget*>(w), &QListWidget::itemClicked,
                        [this](QListWidgetItem*) { fire(EventKind::Click); });
+      chooseByKeyboard(*w, [this] { fire(EventKind::Click); });
       break;
     case ControlKind::ComboBox:
       QObject::connect(static_cast<QComboBox*>(w), &QComboBox::activated,
@@ -374,6 +378,7 @@ void QtControl::connectSignals() {
     case ControlKind::Grid:
       QObject::connect(static_cast<QTableWidget*>(w), &QTableWidget::cellClicked,
                        [this](int, int) { fire(EventKind::Click); });
+      chooseByKeyboard(*w, [this] { fire(EventKind::Click); });
       break;
     case ControlKind::Slider:
       QObject::connect(static_cast<QSlider*>(w), &QSlider::valueChanged,
@@ -434,6 +439,7 @@ void QtControl::setCaption(const std::string& text) {
     case ControlKind::OptionButton:
     case ControlKind::CheckBox:
       static_cast<QAbstractButton*>(widget_.data())->setText(shown(text));
+      nameAfterCaption(*widget_, def_, text);
       break;
     case ControlKind::Frame:
       static_cast<QGroupBox*>(widget_.data())->setTitle(shown(text));

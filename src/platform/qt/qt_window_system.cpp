@@ -2,6 +2,8 @@
 #include "platform/qt/qt_window_system.h"
 
 #include <QApplication>
+#include <QDesktopServices>
+#include <QUrl>
 #include <QFileDialog>
 #include <QPushButton>
 #include <QFontDatabase>
@@ -105,6 +107,10 @@ std::vector<std::string> QtWindowSystem::fontFamilies() const {
 
 // Makes the font file available for this run. A font that can write
 // Devanagari becomes the notation font.
+bool QtWindowSystem::openDocument(const std::string& path) {
+  return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
 int QtWindowSystem::addFontResource(const std::string& path) {
   int id = QFontDatabase::addApplicationFont(QString::fromStdString(path));
   if (id < 0) return 0;

@@ -58,6 +58,7 @@ class QtWindowSystem : public WindowSystem {
   float screenHeight() const override;
   std::vector<std::string> fontFamilies() const override;
   int addFontResource(const std::string& path) override;
+  bool openDocument(const std::string& path) override;
   void processEvents() override;
   [[noreturn]] void endProcess(int code) override;
 
