@@ -14,6 +14,7 @@
 #include <limits>
 
 #include "platform/store.h"
+#include "../support/temp_folder.h"
 
 namespace {
 
@@ -66,14 +67,9 @@ Names column(platform::Recordset& rs, const std::string& name) {
 class StoreEngine : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "nvstoreXXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    dir_ = pattern;
-    path_ = (dir_ / "store.nvy").string();
+    path_ = dir_.file("store.nvy");
     platform::defaultWorkspace().createDatabase(path_, kSchema);
   }
-  void TearDown() override { fs::remove_all(dir_); }
-
   std::unique_ptr<platform::Database> open(bool readOnly, bool exclusive = true) {
     return platform::defaultWorkspace().openDatabase(path_, exclusive, readOnly, "");
   }
@@ -99,7 +95,7 @@ class StoreEngine : public ::testing::Test {
     return output;
   }
 
-  fs::path dir_;
+  TempFolder dir_;
   std::string path_;
 };
 
@@ -143,7 +139,7 @@ TEST_F(StoreEngine, FilesThatAreNotWholeStoresAreRefusedAndLeftAlone) {
   for (const auto& c : cases)
     for (bool readOnly : {true, false}) {
       SCOPED_TRACE(std::string(c.name) + (readOnly ? " read-only" : " writable"));
-      const std::string path = (dir_ / c.name).string();
+      const std::string path = dir_.file(c.name);
       if (c.content) std::ofstream(path, std::ios::binary) << c.content;
       try {
         platform::defaultWorkspace().openDatabase(path, true, readOnly, "");

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
+#include "../support/temp_folder.h"
 
 namespace {
 
@@ -18,9 +19,6 @@ namespace fs = std::filesystem;
 class NvstoreBuild : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "nvstore-build-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    dir = pattern;
     fs::create_directories(dir / "content" / "ragas");
     fs::create_directories(dir / "screens");
     write("schema.sql",
@@ -35,8 +33,7 @@ class NvstoreBuild : public ::testing::Test {
     write("content/ragas/talas.rec", "[Tala - Technical Information]\nTala Id = 6\nTala Name = Dadra\nBeat Count = 6\n");
     write("screens/Quiz.screen", "screen Quiz id=20 caption=\"Quiz\"\nbutton cPlay caption=\"&Play\" at=0.1,0.2 size=0.1,0.05\n");
   }
-  void TearDown() override { fs::remove_all(dir); }
-  fs::path dir;
+  TempFolder dir;
 
   void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
 
