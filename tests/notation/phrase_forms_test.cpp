@@ -22,11 +22,6 @@ class PhraseForms : public ::testing::Test {
   }
 };
 
-TEST_F(PhraseForms, AColonWordIsAColonAlone) {
-  EXPECT_TRUE(fIsColon(":"));
-  EXPECT_FALSE(fIsColon(" :"));
-}
-
 // Each form of a phrase: colons and glides removed (glides by position),
 // the display forms, the notes for a script and grace choice.
 TEST_F(PhraseForms, FormsOfAPhrase) {

@@ -149,16 +149,6 @@ TEST_F(MusicFileBuildTest, TheTextKeepsOneWordPerNoteInEitherScript) {
   EXPECT_EQ(gMusicBuffers[2].Text, buffer2);
 }
 
-// A phrase of more than 501 notes is a range error.
-TEST_F(MusicFileBuildTest, APhraseOfMoreThan501NotesIsARangeError) {
-  std::string words;
-  for (int i = 0; i < 502; ++i) words += "S ";
-  sPlayOnePhrase(words, "");
-  EXPECT_THROW(fCreateNotesList1(0), ErrorTrap);
-  sPlayOnePhrase(words.substr(2), "");
-  EXPECT_EQ(fCreateNotesList1(0), 501);
-}
-
 // Tokens at the tonic; grace notes are dropped from notes under 250 ms,
 // tokens part by two blanks, and only the first count notes are taken; the
 // three lowest notes are refused at any tonic, before a file is written.

@@ -203,13 +203,6 @@ TEST_F(TuningTest, EveryNoteSoundsItsJustRatioToSa) {
   }
 }
 
-TEST_F(TuningTest, ARatioTuningTheLibraryRefusesEndsWithItsMessage) {
-  ASSERT_EQ(fLoadNoteSeeds("c"), 1);
-  const float base = float(tonvex::kSampleRate / 138.5913);  // C#3, the middle Sa at tonic 3
-  sAdjustNotesForFreqRat({12, base, base * 3.0f}, "c", 1);  // beyond what a seed can be stretched to
-  EXPECT_EQ(messageTexts(), Messages{"Error adjusting SPC"});
-}
-
 // Each damage to note 7 of the main set stops the load there with the
 // note's message, the notes after it unloaded, and stops a ratio tuning,
 // which reloads each note, at that note.

@@ -19,7 +19,6 @@
 #include "sound/phrase_loading.h"
 #include "sound/play_bols.h"
 #include "sound/play_chain.h"
-#include "sound/play_reeds.h"
 #include "sound/play_selection.h"
 #include "sound/play_state.h"
 #include "sound/play_stop.h"
@@ -219,14 +218,6 @@ TEST(PlaybackMarks, FollowTheSoundingNote) {
       EXPECT_EQ(markedReeds(form), step.marks) << "after " << step.advanceMs;
     }
   }
-  // Restoring the marks of an index outside the sounding buffer does nothing.
-  platform::Screen& form = reset();
-  preparePlaySet({{"S R", "50 50"}});
-  startChain();
-  for (std::int16_t index : {-1, 2, 500}) sSetReedLabelColorToDefault(form, index);
-  EXPECT_EQ(markedReeds(form), (Marks{{12, kRed}}));
-  sSetReedLabelColorToDefault(form, 0);
-  EXPECT_TRUE(markedReeds(form).empty());
 }
 
 TEST(PlaybackMarksAndBox, TheCompositionGridMarksTheSoundingBeat) {

@@ -106,21 +106,6 @@ TEST_F(WorkingRecord, CutOfPhrasesCountsTokensSegmentsAndDurations) {
   EXPECT_TRUE(record.SegmentNotes.empty());
 }
 
-TEST_F(WorkingRecord, PhraseOutsideTheRecordIsABoundsFault) {
-  setUp(kBhupali);
-  EXPECT_EQ(fGetFromT_SegmentCount(1, 4), 0);  // the fourth record stays empty
-  for (const auto& action : std::vector<std::function<void()>>{
-           [] { fGetFromT_AnALTPhraseSeg(1, 1, 1, 6); }, [] { fGetFromT_AnALTPhraseUnSeg(2, 1, 1, 1); },
-           [] { fGetFromT_SegmentCount(1, 0); }, [] { fCreateCompStringFromT(3, 1); }}) {
-    try {
-      action();
-      ADD_FAILURE() << "no fault";
-    } catch (const ErrorTrap& trap) {
-      EXPECT_EQ(trap.number, kErrSubscriptOutOfRange);
-    }
-  }
-}
-
 TEST_F(WorkingRecord, UserStorePhrasesWithoutLayakariOrTaan) {
   gDbB->execute(
       "INSERT INTO \"Raga - ALT Phrases\" VALUES (2, 1, 'S R : G , M P', '10 20 30 , 40 50');");
