@@ -59,15 +59,6 @@ TEST(Tokenizer, CountsPositionsAndTheLimitOf501Words) {
   EXPECT_EQ(fGetWord1("ab", 2, starts, lengths), "");  // stale entry beyond the text: clipped
 }
 
-TEST(TextUtils, BlanksAndPadding) {
-  const std::pair<std::string, std::string> rows[] = {
-      {fRmvAllChar("S:R:G", ":"), "SRG"}, {fRmvAllChar("SRG", ""), "SRG"}, {fRmvLeadBlk("  S R "), "S R "},
-      {fRmvTrailBlk("  S R "), "  S R"}, {fRmvLeadBlk("   "), ""},            {fRmvTrailBlk("   "), ""},
-      {fJoinWords({"a", "", "b"}, "-"), "a--b"},
-  };
-  for (const auto& [got, expected] : rows) EXPECT_EQ(got, expected);
-}
-
 // Numbers read as the leading number; halves round to even; an overflow
 // is a forgiven fault that gives 0.
 TEST(TextUtils, NumbersRoundingAndOverflow) {
