@@ -295,16 +295,6 @@ TEST_F(PhraseLoading, EachItemGivesItsPhrases) {
     if (c.item != 5) { EXPECT_EQ(gPhraseSet.BaseDurPhrases, gPhraseSet.DurPhrases); }
     if (c.prefetch) { EXPECT_EQ(gPrefetchMode, c.prefetch); }
   }
-  // An item without phrases leaves the set empty and the box alone.
-  for (std::int16_t item : {0, 8, -1}) {
-    gCurrItemType = item;
-    sLoadMNFromT(kUnsegmentedText);
-    EXPECT_EQ(gPhraseSet.Count, 0);
-  }
-  platform::Control& box = gCurrForm->control("cCurrentItem");
-  box.setText("kept");
-  sLoadScriptFromMN(box);
-  EXPECT_EQ(box.text(), "kept");
 }
 
 // A composition plays its two parts at their tempo; a comparison, and a
