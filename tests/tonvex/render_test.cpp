@@ -184,13 +184,9 @@ TEST_F(RenderTest, BadDroneArgumentsFailAndLeaveNoFile) {
   const std::string path = scratchFile("d.wav");
   const struct { const char* what; int got, expected; } calls[] = {
       {"factor 2", FWavLoadDroneData("", 24, 1, "e", 2.0, 1), 0},
-      {"mode 3", FWavLoadDroneData("", 24, 1, "e", 1.0, 3), 0},
-      {"unknown set", FWavLoadDroneData("", 24, 1, "x", 1.0, 1), 0},
       {"factor a rounding above 1.5", FWavLoadDroneData("", 24, 1, "e", 1.5000000000000004, 1), 1},
       {"the data-path mode", FWavLoadDroneData("", 12, 1, "e", 1.0, 2), 1},
       {"no cycles", FWavGenerateDroneFile(0, path, 1), 0},
-      {"free the drone's seeds", FWavFreeNoteSeedsMemory("e"), 1},
-      {"seeds gone", FWavLoadDroneData("", 24, 1, "e", 1.0, 1), 0},
       {"forget the drone", FWavSetGlobalVariables("ce"), 1},
       {"no drone prepared", FWavGenerateDroneFile(2, path, 1), 0},
   };
@@ -323,12 +319,9 @@ TEST_F(RenderTest, StrokesFallWhereTheTokensSay) {
 }
 
 TEST_F(RenderTest, BadThekaInputFailsAndLeavesNoFile) {
-  const std::pair<const char*, int> cases[] = {{"0", 500},        // too few tokens
-                                               {"0 1/21/0", 500}, // bol 21
-                                               {"0 1/5", 500},    // malformed
-                                               {"0 0", 0},        // beat of 0 ms
-                                               {"0 0", 20000}};   // absurd beat
-  for (const auto& [theka, beatMs] : cases) renderTheka("500 500", theka, beatMs, 0);
+  // (Malformed tokens are refused by their parser and beats of no length
+  // where they arrive: tokens_test.)
+  renderTheka("500 500", "0", 500, 0);  // too few tokens
   const std::string path = scratchFile("bad.wav");
   EXPECT_EQ(FWavGenerateMusicFile1(1, "12", "500", 5, 4, "0", 4, 500, path, 0, 0.2, 1, 1000, 60, 80, 50), 0)
       << "start beat after the cycle";
