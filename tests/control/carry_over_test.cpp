@@ -120,12 +120,8 @@ class CarryOverTest : public ::testing::Test {
 // with the chosen scale following its new id, read as this version reads
 // them (the older store is of version 1, whose lead of 10 is now 0).
 TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
-  const struct {
-    ClashChoice choice;
-    Rows items, notations, scales, patterns;
-    int keptCurrent;
-    const char* musicSet;
-  } cases[] = {
+  const struct { ClashChoice choice; Rows items, notations, scales, patterns; int keptCurrent; const char* musicSet; }
+      cases[] = {
       {ClashChoice::KeepBoth,
        {"1|Bhor|2|3", "1|Saanjh|2|1", "1|saanjh (2)|2|2"},
        {"1|1|current astai", "1|2|current antara", "2|1|older astai", "2|2|older antara", "3|1|bhor astai",
@@ -194,10 +190,7 @@ TEST_F(CarryOverTest, RefusesWhatItCannotCarryAndChangesNothing) {
     bytes.seekp(4096 * 3 + 8);
     bytes << std::string(600, '\x7f');
   }
-  const struct {
-    std::string path;
-    const char* says;
-  } cases[] = {
+  const struct { std::string path; const char* says; } cases[] = {
       {gStoreBPath, "is the user file Nadavik is using now"},
       {text, "cannot be read as a Nadavik user file"},
       {(dir_ / "missing.nvy").string(), "cannot be read as a Nadavik user file"},

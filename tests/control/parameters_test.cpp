@@ -141,10 +141,12 @@ TEST_F(UsageParameters, EveryParameterSavedIsRestoredAtTheNextStart) {
 }
 
 TEST_F(UsageParameters, MissingEmptyOrOutOfRangeValuesGiveTheirDefaults) {
+  // stored: nullptr and the others Null; traced: a line in the trace file
+  // says what was not used.
   struct Row {
-    std::vector<std::pair<const char*, const char*>> stored;  // nullptr and the others: Null
+    std::vector<std::pair<const char*, const char*>> stored;
     std::vector<std::pair<const char*, double>> expected;
-    bool traced;  // a line in the trace file says what was not used
+    bool traced;
   };
   const Row rows[] = {
       // A new installation: every value Null; the first tip shown is tip 1.

@@ -130,12 +130,8 @@ TEST(StoreValue, ConversionsBetweenTextAndNumbers) {
 // named in the message and left as it was; damaged pages fail when read.
 TEST_F(StoreEngine, FilesThatAreNotWholeStoresAreRefusedAndLeftAlone) {
   const std::string garbage = "This is a text file, not a store.\n" + std::string(2000, 'x');
-  const struct {
-    const char* name;
-    const char* content;  // nullptr: no file
-    long number;
-  } cases[] = {{"mrB.nvy", nullptr, 3024}, {"garbage.nvy", garbage.c_str(), 3051},
-               {"empty.nvy", "", 3051}};
+  const struct { const char* name; const char* content; /* nullptr: no file */ long number; } cases[] = {
+      {"mrB.nvy", nullptr, 3024}, {"garbage.nvy", garbage.c_str(), 3051}, {"empty.nvy", "", 3051}};
   for (const auto& c : cases)
     for (bool readOnly : {true, false}) {
       SCOPED_TRACE(std::string(c.name) + (readOnly ? " read-only" : " writable"));
@@ -219,12 +215,7 @@ TEST_F(StoreEngine, AStoreStillOpenAtExitIsReleasedCleanly) {
 // defaults for DelayMO.)
 TEST_F(StoreEngine, TablesRunInIndexOrderAndSeekFindsTheFirstRowOfTheKey) {
   auto store = open(true);
-  const struct {
-    const char* table;
-    const char* index;  // "" for none
-    const char* field;
-    Names order;
-  } cases[] = {
+  const struct { const char *table, *index /* "" for none */, *field; Names order; } cases[] = {
       {"RagaNameList", "", "Raga", {"Yaman", "Bhairav", "Kafi", "Todi", "Desh"}},
       {"RagaNameList", "PrimaryKey", "Raga", {"Bhairav", "Desh", "Kafi", "Todi", "Yaman"}},
       {"RagaNameList", "ByLevel", "Raga", {"Todi", "Kafi", "Desh", "Yaman", "Bhairav"}},
@@ -272,11 +263,7 @@ TEST_F(StoreEngine, MisuseGivesTheErrorNumbersTheTrapKnows) {
   auto none = store->openRecordset("SELECT Raga FROM RagaNameList WHERE Level = 9;", RecordsetType::Snapshot);
   auto empty = store->openRecordset("Empty", RecordsetType::Table);
   auto open = [&](const char* source, RecordsetType type) { store->openRecordset(source, type); };
-  const struct {
-    const char* what;
-    std::function<void()> action;
-    long number;
-  } rows[] = {
+  const struct { const char* what; std::function<void()> action; long number; } rows[] = {
       {"unknown index", [&] { rs->setIndex("Level"); }, 3015},
       {"unknown field", [&] { rs->field("Raga Name"); }, 3265},
       {"unknown table", [&] { open("Ragas", RecordsetType::Table); }, 3078},

@@ -126,17 +126,10 @@ TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {
 }
 
 TEST_F(Lookups, Prompts) {
-  const struct {
-    const char* numbers;
-    const char* text;
-  } table[] = {
-      {"1", "Choose a raga"},
-      {"3,4", "Listen - Sing along"},
-      {"1,2,3", "Choose a raga -  - Listen"},
-      {"2", ""},
-      {"", ""},
-  };
-  for (const auto& row : table) EXPECT_EQ(fGetPrompts(row.numbers), row.text) << row.numbers;
+  const std::pair<const char*, const char*> table[] = {
+      {"1", "Choose a raga"}, {"3,4", "Listen - Sing along"}, {"1,2,3", "Choose a raga -  - Listen"},
+      {"2", ""}, {"", ""}};
+  for (const auto& [numbers, text] : table) EXPECT_EQ(fGetPrompts(numbers), text) << numbers;
 }
 
 TEST_F(Lookups, SequentialRagaPickAndDroneType) {

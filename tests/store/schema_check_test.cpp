@@ -69,12 +69,8 @@ TEST_F(SchemaCheck, TheReaderFindsEveryTableAndColumnTheEngineMakesOfTheSchema) 
 }
 
 TEST_F(SchemaCheck, ADamagedStoreIsToldByItsFirstMissingTableOrColumn) {
-  struct Case {
-    const char* damage;
-    const char* table;   // "" when nothing is missing
-    const char* column;  // "" for a whole table
-  };
-  const Case cases[] = {
+  // table "" when nothing is missing, column "" for a whole table
+  const struct Case { const char *damage, *table, *column; } cases[] = {
       {"", "", ""},
       {"DROP TABLE \"NVTips\";", "NVTips", ""},
       {"ALTER TABLE \"Raga - Technical Information\" RENAME COLUMN \"Thata\" TO \"Thaat\";",

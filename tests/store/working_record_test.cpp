@@ -43,12 +43,8 @@ class WorkingRecord : public SoundStoreTest {
 
 // Getter texts of two ragas, exactly as the library holds them.
 TEST_F(WorkingRecord, ScaleAndPakadTexts) {
-  const struct {
-    std::int16_t ragaId;
-    std::string (*getter)(std::int16_t);
-    std::int16_t which;
-    std::string expected;
-  } cases[] = {
+  const struct { std::int16_t ragaId; std::string (*getter)(std::int16_t); std::int16_t which; std::string expected; }
+      cases[] = {
       {kYaman, fGetFromT_ArohaPhrase, 1, "N< R G M D N S>"},
       {kYaman, fGetFromT_AvrohaPhrase, 2, "40 40 40 40 40 40 40 80"},
       {kYaman, fGetFromT_ScalePhraseSeg, 1, "N< R G M D N S> : S> N D P M G R S"},
@@ -167,21 +163,6 @@ TEST_F(WorkingRecord, CompositionPartsAndBeatMarkedText) {
   EXPECT_NE(fCreateCompStringFromT(1, 2).find(".1."), std::string::npos);
   EXPECT_NE(fCreateCompStringFromT(1, 1).find("(1)"), std::string::npos);
   EXPECT_TRUE(messageTexts().empty());
-}
-
-TEST_F(WorkingRecord, SimilarRagaKeepsBothRagasPhrases) {
-  setUp(kYaman, "Yaman");
-  sInitializeCompT();
-  gCurrPhraseKind = 7;
-  sDBToTCompInfo(1, 1, "Yaman Kalyan");
-  sDBToTCompData(1, gCurrCompIndex);
-  // The current raga's phrase is part 1, the other raga's part 2, each
-  // named by its raga.
-  EXPECT_EQ(gCompInfo[0].Notation, "N< R G M P M G R S");
-  EXPECT_EQ(gCompInfo[0].NotesDuration, "50 50 50 50 90 50 50 90 140");
-  EXPECT_EQ(gCompInfo[0].Mukhada, "Yaman");
-  EXPECT_EQ(gCompInfo[1].Notation, "N< R G M P M G m G R S");
-  EXPECT_EQ(gCompInfo[1].Mukhada, "Yaman Kalyan");
 }
 
 TEST_F(WorkingRecord, UserCompositionAndMisses) {

@@ -93,11 +93,7 @@ TEST_F(NvstoreBuild, BuildsTheStoreFromRecordsAndScreensAndNamesEverySourceInThe
 TEST_F(NvstoreBuild, AFaultySourceFailsAndNamesFileAndLine) {
   ASSERT_EQ(build(), 0);
   const std::string good = read("mrA.nvy");
-  const struct {
-    const char* file;
-    std::string text;
-    std::string message;
-  } cases[] = {
+  const struct { const char* file; std::string text, message; } cases[] = {
       {"content/ragas/bad.rec", "[Tala - Technical Information]\nTala Id = 7\nBeat Count = twelve\n",
        "bad.rec:3: column 'Beat Count' needs a number"},
       {"content/ragas/bad.rec", std::string("[Prompts]\nPrompt Id = 2\nPrompt = a\0b\n", 37),
