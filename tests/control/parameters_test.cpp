@@ -19,7 +19,7 @@
 #include "control/user_store.h"
 #include "platform/store.h"
 #include "recording_window_system.h"
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace fs = std::filesystem;
 using platform::RecordsetType;
@@ -115,10 +115,7 @@ class UsageParameters : public ::testing::Test {
     return rows;
   }
 
-  std::string traceText() {
-    std::ifstream in(gErrTraceFile);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  std::string traceText() { return fileText(gErrTraceFile); }
 
   TempFolder dir_;
   RecordingWindowSystem windows_;

@@ -11,7 +11,7 @@
 #include "core/trace.h"
 #include "platform/store.h"
 #include "recording_window_system.h"
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace fs = std::filesystem;
 using Lines = std::vector<std::string>;

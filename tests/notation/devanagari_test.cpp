@@ -15,17 +15,11 @@ class Devanagari : public ::testing::Test {
 
 TEST_F(Devanagari, SyllablesAndMarks) {
   const std::pair<const char*, const char*> rows[] = {
-      {"saa", "सा"},
-      {"ro\\", "रे\u0952"},           // komal: line below
-      {"ma\\", "म\u0951"},            // tivra: stroke above
-      {"saa,", "स\u093Cा"},           // lower: dot below the consonant
-      {"ina\\,", "न\u093Cि\u0952"},
-      {"saaM", "सां"},                // upper: anusvara
-      {"ro\\M", "रें\u0952"},
-      {"ma\\M", "मं\u0951"},
-      {"p", "प"},
-      {"Qa", "ध"},
-      {"ina", "नि"},
+      // komal: line below; tivra: stroke above; lower: dot below the
+      // consonant; upper: anusvara
+      {"saa", "सा"},      {"ro\\", "रे\u0952"},  {"ma\\", "म\u0951"},         {"saa,", "स\u093Cा"},
+      {"ina\\,", "न\u093Cि\u0952"}, {"saaM", "सां"}, {"ro\\M", "रें\u0952"}, {"ma\\M", "मं\u0951"},
+      {"p", "प"},         {"Qa", "ध"},          {"ina", "नि"},
   };
   for (const auto& [keymap, unicode] : rows) {
     EXPECT_EQ(fKeymapToUnicode(keymap), unicode) << keymap;

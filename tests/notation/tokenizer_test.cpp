@@ -11,6 +11,7 @@
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/text_utils.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -20,14 +21,7 @@ std::string words(int n) {
   return text;
 }
 
-long faultOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const ErrorTrap& e) {
-    return e.number;
-  }
-  return 0;
-}
+constexpr auto faultOf = errorNumberOf<ErrorTrap>;
 
 // Counts and positions; 501 words and no more, in the shared arrays, the
 // caller's own (which leave the shared ones alone) and fSplitWords.

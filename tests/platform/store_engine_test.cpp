@@ -14,7 +14,7 @@
 #include <limits>
 
 #include "platform/store.h"
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -43,19 +43,7 @@ CREATE INDEX "PatternByName" ON "User Patterns" ("PatternName");
 INSERT INTO "User Patterns" VALUES (1, NULL), (2, 'b'), (3, NULL), (4, 'a'), (5, 'a');
 )";
 
-long errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const StoreError& error) {
-    return error.number;
-  }
-  return 0;
-}
-
-std::string fileBytes(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
+constexpr auto errorOf = errorNumberOf<StoreError>;
 
 Names column(platform::Recordset& rs, const std::string& name) {
   Names values;
@@ -145,7 +133,7 @@ TEST_F(StoreEngine, FilesThatAreNotWholeStoresAreRefusedAndLeftAlone) {
         EXPECT_NE(std::string(error.what()).find(path), std::string::npos);
       }
       EXPECT_EQ(fs::exists(path), c.content != nullptr);
-      EXPECT_EQ(fileBytes(path), c.content ? c.content : "");
+      EXPECT_EQ(fileText(path), c.content ? c.content : "");
       EXPECT_FALSE(fs::exists(path + "-journal"));
       if (!c.content) continue;  // and no hold is left on the path
       fs::copy_file(path_, path, fs::copy_options::overwrite_existing);

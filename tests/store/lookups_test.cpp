@@ -19,7 +19,7 @@
 #include "platform/store.h"
 #include "store/queries.h"
 #include "store/query_open.h"
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -63,19 +63,7 @@ INSERT INTO "Raga - Additional Information" VALUES (1, 'My Song', 2, 201),
   (5, 'Todi Tune', 2, 202), (1, 'Draft', 2, 0);
 )";
 
-long errorOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const platform::StoreError& error) {
-    return error.number;
-  }
-  return 0;
-}
-
-std::string schema(const char* file) {
-  std::ifstream in(fs::path(NADAVIK_STORE_SCHEMA_DIR) / file);
-  return {std::istreambuf_iterator<char>(in), {}};
-}
+std::string schema(const char* file) { return fileText(fs::path(NADAVIK_STORE_SCHEMA_DIR) / file); }
 
 // The two stores in a temporary directory, opened as gDbA (read-only) and
 // gDbB (writable), both exclusive, and removed at the end.
@@ -147,7 +135,7 @@ TEST_F(Lookups, QueryThatCannotBeEvaluatedIsForgiven) {
   EXPECT_EQ(fOpenQuery(*gDbA, "SELECT Raga FROM RagaNameList WHERE ((Level = ;"), nullptr);
   EXPECT_EQ(gIgnorableCount, before + 1);
   EXPECT_EQ(fPendingError().number, 3075);
-  EXPECT_EQ(errorOf([] { fOpenQuery(*gDbA, "SELECT x FROM [No Such Table];"); }), 3078);
+  EXPECT_EQ(errorNumberOf<platform::StoreError>([] { fOpenQuery(*gDbA, "SELECT x FROM [No Such Table];"); }), 3078);
   EXPECT_NE(fOpenQuery(*gDbA, "SELECT Raga FROM RagaNameList;"), nullptr);
 }
 

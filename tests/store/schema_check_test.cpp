@@ -12,7 +12,7 @@
 #include <vector>
 
 #include "platform/store.h"
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace {
 

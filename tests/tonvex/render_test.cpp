@@ -20,6 +20,7 @@
 #include "tabla_kit.h"
 #include "tabla_synth.h"
 #include "tonvex/tonvex.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -27,13 +28,6 @@ using namespace tonvex_test;
 
 constexpr double kSaHz = 138.5913;         // C#3, the middle Sa at tonic 3
 constexpr size_t kCycle = 3200 * 441 / 10;  // samples in one drone cycle of 3200 ms
-
-std::string readText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 // The library as the application sets it up at tonic 3, with the tabla kit.
 class RenderTest : public ::testing::Test {
@@ -222,7 +216,7 @@ TEST_F(RenderTest, TheLowSaStringSoundsAnOctaveBelowSaAndFollowsATuning) {
 }
 
 TEST_F(RenderTest, DamagedOrMissingKitFilesFail) {
-  const std::string good = readText(TONVEX_KIT_FILE), path = scratchFile("kit.nvy");
+  const std::string good = fileText(TONVEX_KIT_FILE), path = scratchFile("kit.nvy");
   std::string altered = good;
   altered[good.size() / 2] ^= 1;
   for (const std::string& text : {altered, good.substr(0, good.size() - 5), std::string()}) {
@@ -238,21 +232,17 @@ TEST_F(RenderTest, DamagedOrMissingKitFilesFail) {
 TEST(TablaKitTest, BothKitFilesAreSealedAndComplete) {
   std::string error;
   for (const char* path : {TONVEX_KIT_FILE, TONVEX_PA_KIT_FILE}) {
-    const std::string file = readText(path);
+    const std::string file = fileText(path);
     const auto body = tonvex::unsealKitText(file);  // a view into the file
     ASSERT_TRUE(body && tonvex::parseKitText(*body, error)) << path << ": " << error;
   }
 }
 
 TEST(TablaKitTest, SourceErrorsNameTheProblem) {
-  const std::string source = readText(TONVEX_KIT_SOURCE);
+  const std::string source = fileText(TONVEX_KIT_SOURCE);
   std::string error;
   ASSERT_TRUE(tonvex::parseKitText(source, error)) << error;
-  struct Breakage {
-    std::string from, to;
-    const char* told;  // a part of the error
-  };
-  const Breakage breakages[] = {
+  const struct { std::string from, to; const char* told; /* a part of the error */ } breakages[] = {
       {"bol 20 Dhet Te@0 Ge@0\n", "", "bol 20 is not defined"},
       {"bol 5 Na Na@0", "bol 5 Na Nope@0", "cannot read"},
       {"mode 1.0 1.0 350 0.8", "mode 1.0 1.0 -350 0.8", "mode decay ms -350 is out of range"},
@@ -291,7 +281,7 @@ TEST(TablaKitTest, AVoiceOutsideTheKitRangesIsClampedNotOverflowed) {
 
 TEST(TablaKitTest, NaRingsOnTheHarmonicsOfTheDayan) {
   std::string error;
-  const auto kit = tonvex::parseKitText(readText(TONVEX_KIT_SOURCE), error);
+  const auto kit = tonvex::parseKitText(fileText(TONVEX_KIT_SOURCE), error);
   ASSERT_TRUE(kit);
   const double dayanHz = kSaHz * kit->dayanRatio;
   const auto na = tonvex::renderKitVoices(*kit, kSaHz)[0];  // the kit's first voice is Na

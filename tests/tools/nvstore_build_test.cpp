@@ -10,7 +10,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
-#include "../support/temp_folder.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -37,10 +37,7 @@ class NvstoreBuild : public ::testing::Test {
 
   void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
 
-  std::string read(const std::string& name) {
-    std::ifstream in(dir / name);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  std::string read(const std::string& name) { return fileText(dir / name); }
 
   // Runs the tool with the given arguments; returns its exit status.
   int run(const std::string& args) {
