@@ -17,9 +17,9 @@ TEST_F(Devanagari, SyllablesAndMarks) {
   const std::pair<const char*, const char*> rows[] = {
       // komal: line below; tivra: stroke above; lower: dot below the
       // consonant; upper: anusvara
-      {"saa", "सा"},      {"ro\\", "रे\u0952"},  {"ma\\", "म\u0951"},         {"saa,", "स\u093Cा"},
-      {"ina\\,", "न\u093Cि\u0952"}, {"saaM", "सां"}, {"ro\\M", "रें\u0952"}, {"ma\\M", "मं\u0951"},
-      {"p", "प"},         {"Qa", "ध"},          {"ina", "नि"},
+      {"saa", "सा"},   {"ro\\", "रे\u0952"},   {"ma\\", "म\u0951"},   {"saa,", "स\u093Cा"},
+      {"saaM", "सां"}, {"ro\\M", "रें\u0952"}, {"ma\\M", "मं\u0951"}, {"ina\\,", "न\u093Cि\u0952"},
+      {"p", "प"},      {"Qa", "ध"},           {"ina", "नि"},
   };
   for (const auto& [keymap, unicode] : rows) {
     EXPECT_EQ(fKeymapToUnicode(keymap), unicode) << keymap;

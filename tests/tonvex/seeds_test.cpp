@@ -1,12 +1,11 @@
 // Note seeds: the ONPR corrections that tune every note of every tonic to
-// its just ratio, and the harmonium seed's spectrum. (The seeds' absolute
+// its just ratio. (The seeds' absolute
 // pitch and the just ratios themselves are measured on the built store, in
 // rendered notes, in sound/, where loading, tuning and freeing seeds and
 // their failures are driven as the program drives them.)
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <numbers>
 
 #include "tonvex/seed_design.h"
 
@@ -34,23 +33,6 @@ TEST(SeedDesignTest, CorrectionsTuneEveryNoteToItsRatio) {
         EXPECT_LT(std::fabs(cents(tunedHz / seedHz(type, note))), 20.0);
       }
     }
-}
-
-TEST(SeedDesignTest, BassHarmoniumSeedIsRichWithEvenHarmonics) {
-  const SeedSpec seed = makeSeed(kInstrumentMain, 0);
-  const double period = seed.samPerCyc + seed.fractional;
-  auto harmonic = [&](int k) {  // the seed's samples span one period
-    double re = 0, im = 0;
-    for (int j = 0; j < seed.samPerCyc; ++j) {
-      re += seed.samples[size_t(j)] * std::cos(2 * std::numbers::pi * k * j / period);
-      im += seed.samples[size_t(j)] * std::sin(2 * std::numbers::pi * k * j / period);
-    }
-    return std::hypot(re, im);
-  };
-  double strongest = 0;
-  for (int k = 1; k <= 16; ++k) strongest = std::max(strongest, harmonic(k));
-  EXPECT_GT(20 * std::log10(harmonic(16) / strongest), -40.0);
-  EXPECT_GT(harmonic(2), 0.1 * harmonic(1));
 }
 
 }  // namespace
