@@ -39,8 +39,6 @@ TEST_F(PhraseForms, FormsOfAPhrase) {
       {fPrepareNotationDevnagariString("S , R : G"), "saa     ro  :  ga"},
       {fPrepareNotationDevnagariString("S'R M> x"), "saa'ro ma\\M "},
       {fPrepareNotationDisplayString(fPrepareNotationDevnagariString("S , R : G")), "saa   ro   :   ga"},
-      {fPrepareNotesForScript("S'R G", 2, 2), "S'R G"},
-      {fPrepareNotesForScript("S'R G", 2, 1), "R G"},
       {fPrepareNotesForScript("S'R G", 1, 1), "ro ga"},
       {fPrepareNotesForScript("S'R G", 1, 2), "saa'ro ga"},
   };

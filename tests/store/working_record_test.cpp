@@ -114,15 +114,6 @@ TEST_F(WorkingRecord, UserStorePhrasesWithoutLayakariOrTaan) {
   EXPECT_EQ(fGetFromT_SegmentCount(1, 1), 5);
 }
 
-TEST_F(WorkingRecord, NullThataKeepsThePreviousRagasValue) {
-  changeLibraryStore("UPDATE \"Raga - Technical Information\" SET Thata = NULL "
-                     "WHERE \"Raga Index\" = 5;");
-  setUp(kBhupali);
-  setUp(5);
-  EXPECT_EQ(gTRaga.RagaId, 5);
-  EXPECT_EQ(gTRaga.Thata, "Kalyan");
-}
-
 TEST_F(WorkingRecord, MissingRagaIsToldAndLeavesAnEmptyUsableRecord) {
   setUp(kBhupali);
   setUp(kNoSuchRaga, "Unknown");
