@@ -84,12 +84,13 @@ class CarryOverTest : public ::testing::Test {
     return path;
   }
 
-  // The rows of a table of the current store, "a|b|c", in the order of
-  // `order` (an index), for comparing.
-  static Rows rows(const std::string& table, const std::vector<std::string>& columns) {
+  // The rows of a table of the current store, "a|b|c", in the order of its
+  // primary key (or, with index "", of insertion), for comparing.
+  static Rows rows(const std::string& table, const std::vector<std::string>& columns,
+                   const char* index = "PrimaryKey") {
     Rows result;
     auto rs = gDbB->openRecordset(table, RecordsetType::Table);
-    rs->setIndex("PrimaryKey");
+    if (*index) rs->setIndex(index);
     for (; !rs->eof(); rs->moveNext()) {
       std::string row;
       for (const auto& c : columns) row += (row.empty() ? "" : "|") + rs->field(c).asText();
@@ -157,11 +158,7 @@ TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
               c.items);
     EXPECT_EQ(rows("Raga - Composition Notations", {"Notation Index", "Composition Part", "Notation"}), c.notations);
     EXPECT_EQ(rows("Scale Shift Specs", {"NPSetId", "NPSetName", "NewSPC"}), c.scales);
-    Rows patterns;
-    auto rs = gDbB->openRecordset("User Patterns", RecordsetType::Table);
-    for (; !rs->eof(); rs->moveNext())
-      patterns.push_back(rs->field("PatternName").asText() + "|" + rs->field("PatternPhrase").asText());
-    EXPECT_EQ(patterns, c.patterns);
+    EXPECT_EQ(rows("User Patterns", {"PatternName", "PatternPhrase"}, ""), c.patterns);
     EXPECT_EQ(rows("Raga - ALT Phrases", {"RagaIndex", "PhraseType", "NotesPhrase", "DurationPhrase"}),
               (Rows{"1|1|S R,G M|1 1,2 2", "2|3|P D|1 1"}));
     EXPECT_EQ(counts.keptCurrent, c.keptCurrent);

@@ -38,9 +38,6 @@ INSERT INTO "Raga - Technical Information" ("Raga Index", "Thata", "Jati", "Vadi
   (5, NULL,      'Sampurna',       'd', 'g', 13, 15, 'Morning',   3,  1),
   (6, 'Marwa',   'Shadav',         'r', 'D', 14, 21, 'Evening',   14, 3);
 
-INSERT INTO "Raga - Notes" VALUES (1, '0,2,4,6,7,9,11'), (2, '0,1,4,5,7,8,11'),
-  (3, '0,2,3,5,7,9,10'), (4, '0,2,3,5,7,9,10'), (5, '0,1,3,6,7,8,11'), (6, '0,1,4,6,7,9,11');
-
 INSERT INTO "Raga - ALT Phrases" VALUES (1, 1, 'N R G,G M D', '1 1 1,1 1 1'), (1, 3, 'S R G', '');
 
 INSERT INTO "Raga - Additional Information" VALUES (1, 'Kalyan', 1, 0), (1, 'Eri Aali', 2, 101),
