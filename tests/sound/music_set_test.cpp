@@ -210,7 +210,6 @@ TEST_F(TuningTest, DamagedSeedRowsStopTheLoadAtThatNote) {
   const std::string where = " WHERE \"Instr Name\" = 'c' AND \"Note Id\" = 7";
   const std::string damages[] = {
       "UPDATE \"Note Specifications\" SET SamPerCyc = 5" + where,  // refused by the library
-      "UPDATE \"Note Specifications\" SET SamPerCyc = -1" + where,
       "UPDATE \"Note Specifications\" SET SamPerCyc = NULL" + where,
       "UPDATE \"Note Specifications\" SET SamPerCyc = 3000000000" + where,
       "UPDATE \"Note Specifications\" SET \"Fractional Value\" = 1.5" + where,
