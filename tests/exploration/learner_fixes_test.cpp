@@ -134,12 +134,9 @@ TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
   std::string manyNotes;
   for (int i = 0; i < 200; ++i) manyNotes += "S R G ";
   const struct { std::string notation, why; } cases[] = {
-      {"S R x G", "word 3, \"x\": unknown note."},
-      {"S R , G", "word 3, \",\": unknown note."},
-      {"S R'G'M", "word 2, \"R'G'M\": unknown note."},
-      {": S R", "word 1, \":\": empty segment."},
-      {"S : : R", "word 3, \":\": empty segment."},
-      {"S R:", "word 2, \"R:\": empty segment."},
+      {"S R x G", "word 3, \"x\": unknown note."},   {"S R , G", "word 3, \",\": unknown note."},
+      {"S R'G'M", "word 2, \"R'G'M\": unknown note."}, {": S R", "word 1, \":\": empty segment."},
+      {"S : : R", "word 3, \":\": empty segment."},   {"S R:", "word 2, \"R:\": empty segment."},
       {manyNotes, "word 501, \"G\": too many notes (at most 500)."},
       // Longer than the tokenizer can place: it used to pass unjudged.
       {std::string(40000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},

@@ -7,8 +7,6 @@
 #include <gtest/gtest.h>
 
 #include <filesystem>
-#include <fstream>
-#include <iterator>
 #include <memory>
 #include <string>
 #include <vector>
@@ -85,12 +83,19 @@ class Lookups : public ::testing::Test {
 
 // (The look-ups that only the screens still to come call are tested with
 // those screens.)
-TEST_F(Lookups, RagasAndTalasByIdAndName) {
+TEST_F(Lookups, RagasTalasAndSetsByIdAndNameAndTheSequentialPick) {
   EXPECT_EQ(fGetRagaId("Kafi"), 3);
   EXPECT_EQ(fGetRagaId(""), 0);
   EXPECT_EQ(fGetRagaId("kafi"), 3);  // names compare without regard to case
   EXPECT_EQ(fGetTalaName(2), "Ektaal");
   EXPECT_EQ(fGetMusicSetName(14), "Alpha");
+  EXPECT_EQ(fGetSeqRagaId(3), 3);
+  EXPECT_EQ(gCurrRagaId, 3);
+  EXPECT_EQ(fGetSeqRagaId(6), 6);
+  EXPECT_EQ(fGetSeqRagaId(7), 0);
+  EXPECT_EQ(fGetSeqRagaId(0), 0);
+  EXPECT_EQ(gCurrRagaId, 6);
+  EXPECT_EQ(fGetRagaDroneType(99), kNoSuchRaga);
 }
 
 TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {
@@ -115,16 +120,6 @@ TEST_F(Lookups, Prompts) {
       {"1", "Choose a raga"}, {"3,4", "Listen - Sing along"}, {"1,2,3", "Choose a raga -  - Listen"},
       {"2", ""}, {"", ""}};
   for (const auto& [numbers, text] : table) EXPECT_EQ(fGetPrompts(numbers), text) << numbers;
-}
-
-TEST_F(Lookups, SequentialRagaPickAndDroneType) {
-  EXPECT_EQ(fGetSeqRagaId(3), 3);
-  EXPECT_EQ(gCurrRagaId, 3);
-  EXPECT_EQ(fGetSeqRagaId(6), 6);
-  EXPECT_EQ(fGetSeqRagaId(7), 0);
-  EXPECT_EQ(fGetSeqRagaId(0), 0);
-  EXPECT_EQ(gCurrRagaId, 6);
-  EXPECT_EQ(fGetRagaDroneType(99), kNoSuchRaga);
 }
 
 TEST_F(Lookups, QueryThatCannotBeEvaluatedIsForgiven) {
