@@ -84,12 +84,13 @@ class CarryOverTest : public ::testing::Test {
     return path;
   }
 
-  // The rows of a table of the current store, "a|b|c", in the order of
-  // `order` (an index), for comparing.
-  static Rows rows(const std::string& table, const std::vector<std::string>& columns) {
+  // The rows of a table of the current store, "a|b|c", in the order of its
+  // primary key (or, with index "", of insertion), for comparing.
+  static Rows rows(const std::string& table, const std::vector<std::string>& columns,
+                   const char* index = "PrimaryKey") {
     Rows result;
     auto rs = gDbB->openRecordset(table, RecordsetType::Table);
-    rs->setIndex("PrimaryKey");
+    if (*index) rs->setIndex(index);
     for (; !rs->eof(); rs->moveNext()) {
       std::string row;
       for (const auto& c : columns) row += (row.empty() ? "" : "|") + rs->field(c).asText();
@@ -120,12 +121,8 @@ class CarryOverTest : public ::testing::Test {
 // with the chosen scale following its new id, read as this version reads
 // them (the older store is of version 1, whose lead of 10 is now 0).
 TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
-  const struct {
-    ClashChoice choice;
-    Rows items, notations, scales, patterns;
-    int keptCurrent;
-    const char* musicSet;
-  } cases[] = {
+  const struct { ClashChoice choice; Rows items, notations, scales, patterns; int keptCurrent; const char* musicSet; }
+      cases[] = {
       {ClashChoice::KeepBoth,
        {"1|Bhor|2|3", "1|Saanjh|2|1", "1|saanjh (2)|2|2"},
        {"1|1|current astai", "1|2|current antara", "2|1|older astai", "2|2|older antara", "3|1|bhor astai",
@@ -161,11 +158,7 @@ TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
               c.items);
     EXPECT_EQ(rows("Raga - Composition Notations", {"Notation Index", "Composition Part", "Notation"}), c.notations);
     EXPECT_EQ(rows("Scale Shift Specs", {"NPSetId", "NPSetName", "NewSPC"}), c.scales);
-    Rows patterns;
-    auto rs = gDbB->openRecordset("User Patterns", RecordsetType::Table);
-    for (; !rs->eof(); rs->moveNext())
-      patterns.push_back(rs->field("PatternName").asText() + "|" + rs->field("PatternPhrase").asText());
-    EXPECT_EQ(patterns, c.patterns);
+    EXPECT_EQ(rows("User Patterns", {"PatternName", "PatternPhrase"}, ""), c.patterns);
     EXPECT_EQ(rows("Raga - ALT Phrases", {"RagaIndex", "PhraseType", "NotesPhrase", "DurationPhrase"}),
               (Rows{"1|1|S R,G M|1 1,2 2", "2|3|P D|1 1"}));
     EXPECT_EQ(counts.keptCurrent, c.keptCurrent);
@@ -194,10 +187,7 @@ TEST_F(CarryOverTest, RefusesWhatItCannotCarryAndChangesNothing) {
     bytes.seekp(4096 * 3 + 8);
     bytes << std::string(600, '\x7f');
   }
-  const struct {
-    std::string path;
-    const char* says;
-  } cases[] = {
+  const struct { std::string path; const char* says; } cases[] = {
       {gStoreBPath, "is the user file Nadavik is using now"},
       {text, "cannot be read as a Nadavik user file"},
       {(dir_ / "missing.nvy").string(), "cannot be read as a Nadavik user file"},

@@ -133,16 +133,10 @@ TEST_F(LearnerFixes, PracticeNamesTheFirstWrongWordAndWhy) {
   clickItem("Pakad");
   std::string manyNotes;
   for (int i = 0; i < 200; ++i) manyNotes += "S R G ";
-  const struct {
-    std::string notation;
-    std::string why;
-  } cases[] = {
-      {"S R x G", "word 3, \"x\": unknown note."},
-      {"S R , G", "word 3, \",\": unknown note."},
-      {"S R'G'M", "word 2, \"R'G'M\": unknown note."},
-      {": S R", "word 1, \":\": empty segment."},
-      {"S : : R", "word 3, \":\": empty segment."},
-      {"S R:", "word 2, \"R:\": empty segment."},
+  const struct { std::string notation, why; } cases[] = {
+      {"S R x G", "word 3, \"x\": unknown note."},   {"S R , G", "word 3, \",\": unknown note."},
+      {"S R'G'M", "word 2, \"R'G'M\": unknown note."}, {": S R", "word 1, \":\": empty segment."},
+      {"S : : R", "word 3, \":\": empty segment."},   {"S R:", "word 2, \"R:\": empty segment."},
       {manyNotes, "word 501, \"G\": too many notes (at most 500)."},
       // Longer than the tokenizer can place: it used to pass unjudged.
       {std::string(40000, 'S'), "word 1, \"SSSSSSSSSSSSSSSSSSSS...\": unknown note."},
@@ -169,11 +163,7 @@ TEST_F(LearnerFixes, AMusicFolderThatCannotTakeTheFilesIsNamedInOneMessage) {
   rlimit usual{};
   ASSERT_EQ(getrlimit(RLIMIT_FSIZE, &usual), 0);
   std::signal(SIGXFSZ, SIG_IGN);  // an over-long write then fails with EFBIG
-  const struct {
-    const char* cause;
-    std::string folder;
-    rlim_t fileSizeLimit;
-  } cases[] = {
+  const struct { const char* cause; std::string folder; rlim_t fileSizeLimit; } cases[] = {
       {"Not a directory", (program.folder() / "mrA.nvy" / "nadavik").string() + "/", usual.rlim_cur},
       {"File too large", gTempPath, std::min<rlim_t>(4096, usual.rlim_max)},
   };

@@ -245,7 +245,7 @@ TEST_F(MainOperationsTest, UserItemsScalesAndTonicsOrTheScreenGivenBack) {
 }
 
 // The keyboard and script menus, the synchronization delay (never below
-// zero), a click beside the items, and the raga's information again.
+// zero), and a click beside the items. (Raga Info: the learner's tests.)
 TEST_F(MainOperationsTest, MenusAndAClickBesideTheItems) {
   click("cMnuDonShoKey");
   EXPECT_FALSE(screen().control("cL", 12).visible());
@@ -265,8 +265,6 @@ TEST_F(MainOperationsTest, MenusAndAClickBesideTheItems) {
   click("cMnuEng");
   EXPECT_EQ(gNotationScript, 2);
   EXPECT_EQ(ctl("cCurrentItem").text(), "");  // the box is cleared for the new script
-  click("cMnuRagInf");
-  EXPECT_TRUE(ctl("cNotes").visible());
   EXPECT_EQ(messageTexts(), Names{});
 }
 

@@ -15,17 +15,11 @@ class Devanagari : public ::testing::Test {
 
 TEST_F(Devanagari, SyllablesAndMarks) {
   const std::pair<const char*, const char*> rows[] = {
-      {"saa", "सा"},
-      {"ro\\", "रे\u0952"},           // komal: line below
-      {"ma\\", "म\u0951"},            // tivra: stroke above
-      {"saa,", "स\u093Cा"},           // lower: dot below the consonant
-      {"ina\\,", "न\u093Cि\u0952"},
-      {"saaM", "सां"},                // upper: anusvara
-      {"ro\\M", "रें\u0952"},
-      {"ma\\M", "मं\u0951"},
-      {"p", "प"},
-      {"Qa", "ध"},
-      {"ina", "नि"},
+      // komal: line below; tivra: stroke above; lower: dot below the
+      // consonant; upper: anusvara
+      {"saa", "सा"},   {"ro\\", "रे\u0952"},   {"ma\\", "म\u0951"},   {"saa,", "स\u093Cा"},
+      {"saaM", "सां"}, {"ro\\M", "रें\u0952"}, {"ma\\M", "मं\u0951"}, {"ina\\,", "न\u093Cि\u0952"},
+      {"p", "प"},      {"Qa", "ध"},           {"ina", "नि"},
   };
   for (const auto& [keymap, unicode] : rows) {
     EXPECT_EQ(fKeymapToUnicode(keymap), unicode) << keymap;
@@ -46,13 +40,9 @@ TEST_F(Devanagari, WholeVocabularyRoundTrips) {
 
 TEST_F(Devanagari, SeparatorsAndOtherTextSurvive) {
   const std::string texts[] = {
-      "saa'ro   ga : ma\\",  // grace pair, colon, blanks
-      "saa , ro",             // comma section break
-      "saa,,ro",              // lower Sa, then a comma
-      ",saa",
-      "   .1.saa   ro",        // beat mark of a composition line
-      "saa\\ sa Playing x",   // no notes: unchanged
-      "",
+      // a grace pair, colon and blanks; a comma section break; a lower Sa
+      // then a comma; a beat mark of a composition line; no notes at all
+      "saa'ro   ga : ma\\", "saa , ro", "saa,,ro", ",saa", "   .1.saa   ro", "saa\\ sa Playing x", "",
       fPrepareNotationDisplayString(fPrepareNotationDevnagariString("S< r'R , g G : m M> P'd> D n N S>")),
   };
   for (const std::string& text : texts) EXPECT_EQ(fUnicodeToKeymap(fKeymapToUnicode(text)), text) << text;
@@ -74,14 +64,9 @@ TEST_F(Devanagari, TypedDevanagariBecomesKeymap) {
 
 TEST_F(Devanagari, MarksThatMakeNoNotePassThrough) {
   const char* texts[] = {
-      "सा\u0952",        // komal Sa
-      "रे\u0951",        // tivra Re
-      "स\u093Cां",       // lower and upper
-      "न",               // Ni needs its vowel
-      "रो",              // no such vowel on Re
-      "स्व",             // a conjunct is no note
-      "सा\u0952\u0952",  // a mark twice
-      "कल",              // no note letters
+      // komal Sa, tivra Re, lower and upper at once, Ni without its vowel, a
+      // vowel Re never takes, a conjunct, a mark twice, no note letters
+      "सा\u0952", "रे\u0951", "स\u093Cां", "न", "रो", "स्व", "सा\u0952\u0952", "कल",
   };
   for (const char* text : texts) EXPECT_EQ(fUnicodeToKeymap(text), text) << text;
   EXPECT_EQ(fUnicodeToKeymap("\xE0\xA4"), "\xE0\xA4");  // cut-off UTF-8 passes byte by byte

@@ -22,11 +22,6 @@ class PhraseForms : public ::testing::Test {
   }
 };
 
-TEST_F(PhraseForms, AColonWordIsAColonAlone) {
-  EXPECT_TRUE(fIsColon(":"));
-  EXPECT_FALSE(fIsColon(" :"));
-}
-
 // Each form of a phrase: colons and glides removed (glides by position),
 // the display forms, the notes for a script and grace choice.
 TEST_F(PhraseForms, FormsOfAPhrase) {
@@ -44,8 +39,6 @@ TEST_F(PhraseForms, FormsOfAPhrase) {
       {fPrepareNotationDevnagariString("S , R : G"), "saa     ro  :  ga"},
       {fPrepareNotationDevnagariString("S'R M> x"), "saa'ro ma\\M "},
       {fPrepareNotationDisplayString(fPrepareNotationDevnagariString("S , R : G")), "saa   ro   :   ga"},
-      {fPrepareNotesForScript("S'R G", 2, 2), "S'R G"},
-      {fPrepareNotesForScript("S'R G", 2, 1), "R G"},
       {fPrepareNotesForScript("S'R G", 1, 1), "ro ga"},
       {fPrepareNotesForScript("S'R G", 1, 2), "saa'ro ga"},
   };

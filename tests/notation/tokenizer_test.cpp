@@ -11,6 +11,7 @@
 #include "core/errors.h"
 #include "core/session.h"
 #include "notation/text_utils.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -20,14 +21,7 @@ std::string words(int n) {
   return text;
 }
 
-long faultOf(const std::function<void()>& action) {
-  try {
-    action();
-  } catch (const ErrorTrap& e) {
-    return e.number;
-  }
-  return 0;
-}
+constexpr auto faultOf = errorNumberOf<ErrorTrap>;
 
 // Counts and positions; 501 words and no more, in the shared arrays, the
 // caller's own (which leave the shared ones alone) and fSplitWords.
@@ -57,15 +51,6 @@ TEST(Tokenizer, CountsPositionsAndTheLimitOf501Words) {
   EXPECT_EQ(fGetWord("x y z", 3), "z");
   EXPECT_EQ(faultOf([&] { fParseString1("a b c d", " ", starts, lengths); }), kErrSubscriptOutOfRange);
   EXPECT_EQ(fGetWord1("ab", 2, starts, lengths), "");  // stale entry beyond the text: clipped
-}
-
-TEST(TextUtils, BlanksAndPadding) {
-  const std::pair<std::string, std::string> rows[] = {
-      {fRmvAllChar("S:R:G", ":"), "SRG"}, {fRmvAllChar("SRG", ""), "SRG"}, {fRmvLeadBlk("  S R "), "S R "},
-      {fRmvTrailBlk("  S R "), "  S R"}, {fRmvLeadBlk("   "), ""},            {fRmvTrailBlk("   "), ""},
-      {fJoinWords({"a", "", "b"}, "-"), "a--b"},
-  };
-  for (const auto& [got, expected] : rows) EXPECT_EQ(got, expected);
 }
 
 // Numbers read as the leading number; halves round to even; an overflow

@@ -16,20 +16,6 @@ class Vocabulary : public ::testing::Test {
   void SetUp() override { sInitScales(); }
 };
 
-TEST_F(Vocabulary, TablesHoldThreeOctavesInOrder) {
-  const char* english[] = {"S", "r", "R", "g", "G", "m", "M", "P", "d", "D", "n", "N"};
-  const char* devanagari[] = {"saa", "ro\\", "ro", "ga\\", "ga", "ma", "ma\\", "p", "Qa\\", "Qa", "ina\\", "ina"};
-  const char* octaveEng[] = {"<", "", ">"};
-  const char* octaveDev[] = {",", "", "M"};
-  for (std::size_t id = 0; id < 36; ++id) {
-    EXPECT_EQ(gNoteEng[id], std::string(english[id % 12]) + octaveEng[id / 12]) << id;
-    EXPECT_EQ(gNoteDev[id], std::string(devanagari[id % 12]) + octaveDev[id / 12]) << id;
-    EXPECT_EQ(gNoteFileNo[id], (id < 10 ? "0" : "") + std::to_string(id));
-  }
-  EXPECT_TRUE(gNoteEng[36].empty());
-  EXPECT_EQ(gNoteDev[1].size(), 4u);  // "ro\,": the backslash is one literal character
-}
-
 // Look-ups are whole and case-sensitive; the empty slot 36 is never searched.
 TEST_F(Vocabulary, LookupsAndStringsForNotes) {
   EXPECT_TRUE(fIsEnglishNote("S") && fIsDevnagriNote("ma\\"));

@@ -183,20 +183,10 @@ TEST(SilentDeviceCommands, RefusalsSayWhyAndNamesIgnoreCase) {
   const std::string garbage = dir.file("garbage.wav"), tone = dir.file("tone.wav");
   testing::writeBytes(garbage, {'n', 'o', 't', ' ', 'a', ' ', 'w', 'a', 'v', 'e', '!', '!'});
   testing::writeToneFile(tone, 40);
-  const struct {
-    std::string file;
-    const char* command;
-    int error;
-  } rows[] = {
-      {dir.file("missing.wav"), "Open", kErrFileNotFound},
-      {garbage, "Open", kErrInvalidFile},
-      {"", "Open", kErrFileNotFound},
-      {"", "Play", kErrNotOpen},
-      {"", "Seek to start", kErrNotOpen},
-      {"", "Rewind", kErrUnknownCommand},
-      {tone, "OPEN", 0},
-      {tone, "seek TO start", 0},
-  };
+  const struct { std::string file; const char* command; int error; } rows[] = {
+      {dir.file("missing.wav"), "Open", kErrFileNotFound}, {garbage, "Open", kErrInvalidFile},
+      {"", "Open", kErrFileNotFound}, {"", "Play", kErrNotOpen}, {"", "Seek to start", kErrNotOpen},
+      {"", "Rewind", kErrUnknownCommand}, {tone, "OPEN", 0}, {tone, "seek TO start", 0}};
   for (const auto& row : rows) {
     SCOPED_TRACE(std::string(row.command) + " " + row.file);
     device->fileName = row.file;

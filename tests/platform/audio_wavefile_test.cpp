@@ -48,10 +48,7 @@ TEST(WaveFile, ReadsPcmFilesAndCountsTheirLengthInFrames) {
   testing::putU32(partFrame, 3);
   partFrame.insert(partFrame.end(), {1, 2, 3, 0});
   const WaveSpec tenMs = format(1, 44100, 441);
-  const struct {
-    std::vector<std::uint8_t> bytes;
-    long frames, lengthMs;
-  } rows[] = {
+  const struct { std::vector<std::uint8_t> bytes; long frames, lengthMs; } rows[] = {
       {testing::waveBytes(format(2, 44100, 44100)), 44100, 1000},
       {testing::waveBytes(format(1, 8000, 7999)), 7999, 999},
       {testing::waveBytes(format(1, 22050, 0)), 0, 0},
@@ -76,11 +73,7 @@ TEST(WaveFile, RefusesWhatItCannotPlayWithAReason) {
   EXPECT_NE(result.error.find("nothing.wav"), std::string::npos);
   const WaveSpec good = format(1, 44100, 100);
   const std::vector<std::uint8_t> goodBytes = testing::waveBytes(good);
-  const struct {
-    const char* what;
-    std::vector<std::uint8_t> bytes;
-    const char* reason;
-  } rows[] = {
+  const struct { const char* what; std::vector<std::uint8_t> bytes; const char* reason; } rows[] = {
       {"empty file", {}, "too short"},
       {"text file", {'h', 'e', 'l', 'l', 'o', ' ', 'w', 'o', 'r', 'l', 'd', '!', '!'}, "not a RIFF"},
       {"header only", testing::riff({}), "no format chunk"},

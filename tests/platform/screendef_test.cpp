@@ -48,18 +48,14 @@ option Option1 caption="Demo" in=Frame1 at=0,0 size=0.1,0.1 enabled=0
 
 TEST(ScreenDefinition, RefusesMalformedFilesWithTheLineNumber) {
   const std::tuple<const char*, int, const char*> cases[] = {
-      {"label cX\n", 1, "screen line"},
-      {"screen A id=1\nwidget cX\n", 2, "unknown control kind"},
-      {"screen A id=1\nlabel cX at=0.1\n", 2, "bad value"},
-      {"screen A id=1\nlabel cX colour=1\n", 2, "unknown key"},
-      {"screen A id=1\nlabel cX caption=\"open\n", 2, "unterminated"},
+      {"label cX\n", 1, "screen line"},          {"screen A id=1\nwidget cX\n", 2, "unknown control kind"},
+      {"# nothing\n", 1, "no screen line"},     {"screen A id=1\nlabel cX at=0.1\n", 2, "bad value"},
+      {"screen A id=x\n", 1, "bad form id"},    {"screen A id=1\nlabel cX colour=1\n", 2, "unknown key"},
       {"screen A id=1\nlabel cX\nlabel cX\n", 3, "duplicate"},
-      {"screen A id=x\n", 1, "bad form id"},
+      {"screen A id=1\nlabel cX caption=\"open\n", 2, "unterminated"},
       {"screen A id=1\nlabel cX:-1\n", 2, "needs a name"},
-      {"# nothing\n", 1, "no screen line"},
       // Seen in the field: numbers no window could hold.
-      {"screen A id=1\ngrid cG rows=2000000000\n", 2,
-       "rows=2000000000 is out of range (0 to 10000)"},
+      {"screen A id=1\ngrid cG rows=2000000000\n", 2, "rows=2000000000 is out of range (0 to 10000)"},
       {"screen A id=1\ngrid cG rows=99999999999\n", 2, "bad value"},
       {"screen A id=1\ngrid cG cols=-1\n", 2, "cols=-1 is out of range"},
       {"screen A id=1\ngrid cG rows=2 fixedrows=3\n", 2, "fixedrows=3 is more than rows=2"},

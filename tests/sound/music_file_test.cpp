@@ -85,7 +85,6 @@ TEST_F(MusicFileBuildTest, BuffersHoldCodesDurationsAndRunningTimes) {
     EXPECT_EQ(b.TimesMs, c.timesMs);
     EXPECT_EQ(b.CurrNote, 1);
     EXPECT_EQ(b.Text, c.notes);
-    EXPECT_EQ(b.Count, 0) << "the caller stores the count";
   }
 }
 
@@ -147,16 +146,6 @@ TEST_F(MusicFileBuildTest, TheTextKeepsOneWordPerNoteInEitherScript) {
   EXPECT_TRUE(gMusicBuffers[1].Text.empty());
   EXPECT_EQ(gMusicBuffers[2].Script, 1);
   EXPECT_EQ(gMusicBuffers[2].Text, buffer2);
-}
-
-// A phrase of more than 501 notes is a range error.
-TEST_F(MusicFileBuildTest, APhraseOfMoreThan501NotesIsARangeError) {
-  std::string words;
-  for (int i = 0; i < 502; ++i) words += "S ";
-  sPlayOnePhrase(words, "");
-  EXPECT_THROW(fCreateNotesList1(0), ErrorTrap);
-  sPlayOnePhrase(words.substr(2), "");
-  EXPECT_EQ(fCreateNotesList1(0), 501);
 }
 
 // Tokens at the tonic; grace notes are dropped from notes under 250 ms,

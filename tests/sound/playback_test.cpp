@@ -19,7 +19,6 @@
 #include "sound/phrase_loading.h"
 #include "sound/play_bols.h"
 #include "sound/play_chain.h"
-#include "sound/play_reeds.h"
 #include "sound/play_selection.h"
 #include "sound/play_state.h"
 #include "sound/play_stop.h"
@@ -219,14 +218,6 @@ TEST(PlaybackMarks, FollowTheSoundingNote) {
       EXPECT_EQ(markedReeds(form), step.marks) << "after " << step.advanceMs;
     }
   }
-  // Restoring the marks of an index outside the sounding buffer does nothing.
-  platform::Screen& form = reset();
-  preparePlaySet({{"S R", "50 50"}});
-  startChain();
-  for (std::int16_t index : {-1, 2, 500}) sSetReedLabelColorToDefault(form, index);
-  EXPECT_EQ(markedReeds(form), (Marks{{12, kRed}}));
-  sSetReedLabelColorToDefault(form, 0);
-  EXPECT_TRUE(markedReeds(form).empty());
 }
 
 TEST(PlaybackMarksAndBox, TheCompositionGridMarksTheSoundingBeat) {
@@ -304,16 +295,6 @@ TEST_F(PhraseLoading, EachItemGivesItsPhrases) {
     if (c.item != 5) { EXPECT_EQ(gPhraseSet.BaseDurPhrases, gPhraseSet.DurPhrases); }
     if (c.prefetch) { EXPECT_EQ(gPrefetchMode, c.prefetch); }
   }
-  // An item without phrases leaves the set empty and the box alone.
-  for (std::int16_t item : {0, 8, -1}) {
-    gCurrItemType = item;
-    sLoadMNFromT(kUnsegmentedText);
-    EXPECT_EQ(gPhraseSet.Count, 0);
-  }
-  platform::Control& box = gCurrForm->control("cCurrentItem");
-  box.setText("kept");
-  sLoadScriptFromMN(box);
-  EXPECT_EQ(box.text(), "kept");
 }
 
 // A composition plays its two parts at their tempo; a comparison, and a

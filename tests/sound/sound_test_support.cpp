@@ -35,17 +35,11 @@
 #include "store/queries.h"
 #include "tonvex/tonvex.h"
 #include "wav_file.h"
+#include "../support/helpers.h"
 
 namespace fs = std::filesystem;
 
 namespace {
-
-std::string readText(const fs::path& path) {
-  std::ifstream in(path);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
 
 std::unique_ptr<platform::Database> openStore(const fs::path& path, bool readOnly) {
   return platform::defaultWorkspace().openDatabase(path.string(), true, readOnly, "");
@@ -98,8 +92,8 @@ void SoundStoreTest::SetUp() {
   fs::create_directories(dir_);
   fs::copy_file(NADAVIK_TEST_LIBRARY_STORE, dir_ / "mrA.nvy");
   platform::defaultWorkspace().createDatabase((dir_ / "mrB.nvy").string(),
-                                              readText(NADAVIK_TEST_USER_SCHEMA) + "\n" +
-                                                  readText(NADAVIK_TEST_SHARED_SCHEMA));
+                                              fileText(NADAVIK_TEST_USER_SCHEMA) + "\n" +
+                                                  fileText(NADAVIK_TEST_SHARED_SCHEMA));
   gDbB = openStore(dir_ / "mrB.nvy", false);
   gDbB->execute(userSetRows());
   gDbA = openStore(dir_ / "mrA.nvy", true);

@@ -5,7 +5,6 @@
 #include "store/schema_check.h"
 
 #include <gtest/gtest.h>
-#include <unistd.h>
 
 #include <algorithm>
 #include <filesystem>
@@ -13,6 +12,7 @@
 #include <vector>
 
 #include "platform/store.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -30,14 +30,10 @@ std::vector<std::string> firstColumn(platform::Database& store, const std::strin
 class SchemaCheck : public ::testing::Test {
  protected:
   void SetUp() override {
-    dir_ = fs::temp_directory_path() / ("nvschema-" + std::to_string(getpid()));
-    fs::remove_all(dir_);
-    fs::create_directories(dir_);
-    path_ = (dir_ / "mrA.nvy").string();
-    pristine_ = (dir_ / "pristine.nvy").string();
+    path_ = dir_.file("mrA.nvy");
+    pristine_ = dir_.file("pristine.nvy");
     platform::defaultWorkspace().createDatabase(pristine_, kLibraryStoreSchema);
   }
-  void TearDown() override { fs::remove_all(dir_); }
 
   // A copy of the new store, changed by `damage` (SQL, may be empty), opened
   // read-only.
@@ -52,7 +48,7 @@ class SchemaCheck : public ::testing::Test {
     return workspace.openDatabase(path_, true, true, "");
   }
 
-  fs::path dir_;
+  TempFolder dir_;
   std::string path_, pristine_;
 };
 
@@ -73,12 +69,8 @@ TEST_F(SchemaCheck, TheReaderFindsEveryTableAndColumnTheEngineMakesOfTheSchema) 
 }
 
 TEST_F(SchemaCheck, ADamagedStoreIsToldByItsFirstMissingTableOrColumn) {
-  struct Case {
-    const char* damage;
-    const char* table;   // "" when nothing is missing
-    const char* column;  // "" for a whole table
-  };
-  const Case cases[] = {
+  // table "" when nothing is missing, column "" for a whole table
+  const struct Case { const char *damage, *table, *column; } cases[] = {
       {"", "", ""},
       {"DROP TABLE \"NVTips\";", "NVTips", ""},
       {"ALTER TABLE \"Raga - Technical Information\" RENAME COLUMN \"Thata\" TO \"Thaat\";",

@@ -5,7 +5,6 @@
 #include <unistd.h>
 
 #include <cmath>
-#include <numbers>
 
 #include "wav_file.h"
 
@@ -74,19 +73,6 @@ double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to) {
   int crossings = 0;
   for (size_t n = from + 1; n < to; ++n) crossings += (x[n - 1] < 0) != (x[n] < 0);
   return crossings * 44100.0 / double(to - from);
-}
-
-double magnitudeAt(const std::vector<float>& x, size_t from, size_t to, double hz) {
-  const double coeff = 2.0 * std::cos(2.0 * std::numbers::pi * hz / 44100.0);
-  const double length = double(to - from);
-  double s1 = 0, s2 = 0;
-  for (size_t n = from; n < to; ++n) {
-    const double hann = 0.5 - 0.5 * std::cos(2.0 * std::numbers::pi * double(n - from) / length);
-    const double s = x[n] * hann + coeff * s1 - s2;
-    s2 = s1;
-    s1 = s;
-  }
-  return std::sqrt(s1 * s1 + s2 * s2 - coeff * s1 * s2) / length;
 }
 
 std::string scratchFile(const std::string& name) {

@@ -29,9 +29,6 @@ double maxStep(const std::vector<float>& x, size_t from, size_t to);
 // Zero crossings per second in [from, to): a rough measure of brightness.
 double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to);
 
-// Magnitude of the component at hz in [from, to) (Goertzel, Hann window).
-double magnitudeAt(const std::vector<float>& x, size_t from, size_t to, double hz);
-
 // A fresh directory for this test's files, and a file name in it.
 std::string scratchFile(const std::string& name);
 

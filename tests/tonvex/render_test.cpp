@@ -2,14 +2,13 @@
 // durations, loudness by level and drone mix, joins and ends without
 // clicks, the grace note's pitch, the limiter), segments with faded ends,
 // the tanpura drone (whole seamless cycles, loudness, the low Sa string's
-// pitch, the jawari's brightness) and the tabla (kits, the Na stroke's
-// modes, strokes where the theka tokens put them); and bad input that
+// pitch, the jawari's brightness) and the tabla (kits, strokes where the
+// theka tokens put them); and bad input that
 // leaves no file. (Pitch of tuned notes and file lengths against the
 // display's times are measured on the built store in sound/.)
 #include <gtest/gtest.h>
 #include <sys/stat.h>
 
-#include <array>
 #include <filesystem>
 #include <cmath>
 #include <fstream>
@@ -21,6 +20,7 @@
 #include "tabla_kit.h"
 #include "tabla_synth.h"
 #include "tonvex/tonvex.h"
+#include "../support/helpers.h"
 
 namespace {
 
@@ -29,22 +29,13 @@ using namespace tonvex_test;
 constexpr double kSaHz = 138.5913;         // C#3, the middle Sa at tonic 3
 constexpr size_t kCycle = 3200 * 441 / 10;  // samples in one drone cycle of 3200 ms
 
-std::string readText(const std::string& path) {
-  std::ifstream in(path, std::ios::binary);
-  std::stringstream text;
-  text << in.rdbuf();
-  return text.str();
-}
-
 // The library as the application sets it up at tonic 3, with the tabla kit.
 class RenderTest : public ::testing::Test {
  protected:
   void SetUp() override { ASSERT_EQ(tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE}), ""); }
   static int16_t make(int count, const std::string& notes, const std::string& durations, const std::string& out,
-                      int droneMix = 0, double level = 0.2, int synthVolume = 1,
-                      const std::array<int, 4>& envelope = {1000, 60, 80, 50}) {
-    return FWavGenerateMusicFile(count, notes, durations, out, droneMix, level, synthVolume, envelope[0],
-                                 envelope[1], envelope[2], envelope[3]);
+                      int droneMix = 0, double level = 0.2, int synthVolume = 1) {
+    return FWavGenerateMusicFile(count, notes, durations, out, droneMix, level, synthVolume, 1000, 60, 80, 50);
   }
   static std::vector<float> render(int count, const std::string& notes, const std::string& durations,
                                    int droneMix = 0, double level = 0.2) {
@@ -144,18 +135,15 @@ TEST_F(RenderTest, AnOutputThatIsNotARegularFileIsNeverReplaced) {
 
 TEST_F(RenderTest, BadMusicInputFailsAndLeavesNoFile) {
   const struct { const char* what; int count; const char *notes, *durations; int droneMix = 0; double level = 0.2;
-                 int synthVolume = 1; std::array<int, 4> envelope = {1000, 60, 80, 50}; } calls[] = {
+  } calls[] = {
       {"count above tokens", 3, "12 14", "100 100 100"},  {"zero duration", 2, "12 14", "100 0"},
       {"absurd duration", 1, "12", "70000"},               {"no notes", 0, "", ""},
       {"absurd total", 11, "12 12 12 12 12 12 12 12 12 12 12",
        "60000 60000 60000 60000 60000 60000 60000 60000 60000 60000 60000"},
-      {"drone mix 3", 1, "12", "100", 3},                  {"level above 1", 1, "12", "100", 0, 1.5},
-      {"synth volume 0", 1, "12", "100", 0, 0.2, 0},       {"peak 0", 1, "12", "100", 0, 0.2, 1, {0, 60, 80, 50}},
-      {"negative release", 1, "12", "100", 0, 0.2, 1, {1000, 60, 80, -1}}};
+      {"drone mix 3", 1, "12", "100", 3},                  {"level above 1", 1, "12", "100", 0, 1.5}};
   const std::string path = scratchFile("bad.wav");
   for (const auto& c : calls) {
-    EXPECT_EQ(make(c.count, c.notes, c.durations, path, c.droneMix, c.level, c.synthVolume, c.envelope), 0)
-        << c.what;
+    EXPECT_EQ(make(c.count, c.notes, c.durations, path, c.droneMix, c.level), 0) << c.what;
     EXPECT_FALSE(fileExists(path) || fileExists(path + ".part")) << c.what;
   }
   ASSERT_EQ(FWavSetGlobalVariables("ce"), 1);  // forgets the seeds and the drone
@@ -190,13 +178,9 @@ TEST_F(RenderTest, BadDroneArgumentsFailAndLeaveNoFile) {
   const std::string path = scratchFile("d.wav");
   const struct { const char* what; int got, expected; } calls[] = {
       {"factor 2", FWavLoadDroneData("", 24, 1, "e", 2.0, 1), 0},
-      {"mode 3", FWavLoadDroneData("", 24, 1, "e", 1.0, 3), 0},
-      {"unknown set", FWavLoadDroneData("", 24, 1, "x", 1.0, 1), 0},
       {"factor a rounding above 1.5", FWavLoadDroneData("", 24, 1, "e", 1.5000000000000004, 1), 1},
       {"the data-path mode", FWavLoadDroneData("", 12, 1, "e", 1.0, 2), 1},
       {"no cycles", FWavGenerateDroneFile(0, path, 1), 0},
-      {"free the drone's seeds", FWavFreeNoteSeedsMemory("e"), 1},
-      {"seeds gone", FWavLoadDroneData("", 24, 1, "e", 1.0, 1), 0},
       {"forget the drone", FWavSetGlobalVariables("ce"), 1},
       {"no drone prepared", FWavGenerateDroneFile(2, path, 1), 0},
   };
@@ -232,7 +216,7 @@ TEST_F(RenderTest, TheLowSaStringSoundsAnOctaveBelowSaAndFollowsATuning) {
 }
 
 TEST_F(RenderTest, DamagedOrMissingKitFilesFail) {
-  const std::string good = readText(TONVEX_KIT_FILE), path = scratchFile("kit.nvy");
+  const std::string good = fileText(TONVEX_KIT_FILE), path = scratchFile("kit.nvy");
   std::string altered = good;
   altered[good.size() / 2] ^= 1;
   for (const std::string& text : {altered, good.substr(0, good.size() - 5), std::string()}) {
@@ -248,21 +232,17 @@ TEST_F(RenderTest, DamagedOrMissingKitFilesFail) {
 TEST(TablaKitTest, BothKitFilesAreSealedAndComplete) {
   std::string error;
   for (const char* path : {TONVEX_KIT_FILE, TONVEX_PA_KIT_FILE}) {
-    const std::string file = readText(path);
+    const std::string file = fileText(path);
     const auto body = tonvex::unsealKitText(file);  // a view into the file
     ASSERT_TRUE(body && tonvex::parseKitText(*body, error)) << path << ": " << error;
   }
 }
 
 TEST(TablaKitTest, SourceErrorsNameTheProblem) {
-  const std::string source = readText(TONVEX_KIT_SOURCE);
+  const std::string source = fileText(TONVEX_KIT_SOURCE);
   std::string error;
   ASSERT_TRUE(tonvex::parseKitText(source, error)) << error;
-  struct Breakage {
-    std::string from, to;
-    const char* told;  // a part of the error
-  };
-  const Breakage breakages[] = {
+  const struct { std::string from, to; const char* told; /* a part of the error */ } breakages[] = {
       {"bol 20 Dhet Te@0 Ge@0\n", "", "bol 20 is not defined"},
       {"bol 5 Na Na@0", "bol 5 Na Nope@0", "cannot read"},
       {"mode 1.0 1.0 350 0.8", "mode 1.0 1.0 -350 0.8", "mode decay ms -350 is out of range"},
@@ -299,20 +279,6 @@ TEST(TablaKitTest, AVoiceOutsideTheKitRangesIsClampedNotOverflowed) {
   EXPECT_GT(tonvex::peakOf(stroke), 1.0f);  // a loud stroke, not silence
 }
 
-TEST(TablaKitTest, NaRingsOnTheHarmonicsOfTheDayan) {
-  std::string error;
-  const auto kit = tonvex::parseKitText(readText(TONVEX_KIT_SOURCE), error);
-  ASSERT_TRUE(kit);
-  const double dayanHz = kSaHz * kit->dayanRatio;
-  const auto na = tonvex::renderKitVoices(*kit, kSaHz)[0];  // the kit's first voice is Na
-  for (int k = 1; k <= 5; ++k) {
-    double bestHz = 0, best = 0;
-    for (double hz = k * dayanHz * 0.97; hz <= k * dayanHz * 1.03; hz += 0.2)
-      if (const double m = magnitudeAt(na, 0, at(500), hz); m > best) best = m, bestHz = hz;
-    EXPECT_NEAR(centsBetween(bestHz, k * dayanHz), 0.0, k == 1 ? 5.0 : 17.0) << "harmonic " << k;
-  }
-}
-
 // The first stroke half a beat into the second note; Tirakita's four
 // strokes in one beat; every bol sounds.
 TEST_F(RenderTest, StrokesFallWhereTheTokensSay) {
@@ -329,12 +295,9 @@ TEST_F(RenderTest, StrokesFallWhereTheTokensSay) {
 }
 
 TEST_F(RenderTest, BadThekaInputFailsAndLeavesNoFile) {
-  const std::pair<const char*, int> cases[] = {{"0", 500},        // too few tokens
-                                               {"0 1/21/0", 500}, // bol 21
-                                               {"0 1/5", 500},    // malformed
-                                               {"0 0", 0},        // beat of 0 ms
-                                               {"0 0", 20000}};   // absurd beat
-  for (const auto& [theka, beatMs] : cases) renderTheka("500 500", theka, beatMs, 0);
+  // (Malformed tokens are refused by their parser and beats of no length
+  // where they arrive: tokens_test.)
+  renderTheka("500 500", "0", 500, 0);  // too few tokens
   const std::string path = scratchFile("bad.wav");
   EXPECT_EQ(FWavGenerateMusicFile1(1, "12", "500", 5, 4, "0", 4, 500, path, 0, 0.2, 1, 1000, 60, 80, 50), 0)
       << "start beat after the cycle";

@@ -10,6 +10,7 @@
 #include <fstream>
 #include <set>
 #include <sstream>
+#include "../support/helpers.h"
 
 namespace {
 
@@ -18,9 +19,6 @@ namespace fs = std::filesystem;
 class NvstoreBuild : public ::testing::Test {
  protected:
   void SetUp() override {
-    std::string pattern = (fs::temp_directory_path() / "nvstore-build-XXXXXX").string();
-    ASSERT_NE(mkdtemp(pattern.data()), nullptr);
-    dir = pattern;
     fs::create_directories(dir / "content" / "ragas");
     fs::create_directories(dir / "screens");
     write("schema.sql",
@@ -35,15 +33,11 @@ class NvstoreBuild : public ::testing::Test {
     write("content/ragas/talas.rec", "[Tala - Technical Information]\nTala Id = 6\nTala Name = Dadra\nBeat Count = 6\n");
     write("screens/Quiz.screen", "screen Quiz id=20 caption=\"Quiz\"\nbutton cPlay caption=\"&Play\" at=0.1,0.2 size=0.1,0.05\n");
   }
-  void TearDown() override { fs::remove_all(dir); }
-  fs::path dir;
+  TempFolder dir;
 
   void write(const std::string& name, const std::string& text) { std::ofstream(dir / name) << text; }
 
-  std::string read(const std::string& name) {
-    std::ifstream in(dir / name);
-    return {std::istreambuf_iterator<char>(in), {}};
-  }
+  std::string read(const std::string& name) { return fileText(dir / name); }
 
   // Runs the tool with the given arguments; returns its exit status.
   int run(const std::string& args) {
@@ -96,11 +90,7 @@ TEST_F(NvstoreBuild, BuildsTheStoreFromRecordsAndScreensAndNamesEverySourceInThe
 TEST_F(NvstoreBuild, AFaultySourceFailsAndNamesFileAndLine) {
   ASSERT_EQ(build(), 0);
   const std::string good = read("mrA.nvy");
-  const struct {
-    const char* file;
-    std::string text;
-    std::string message;
-  } cases[] = {
+  const struct { const char* file; std::string text, message; } cases[] = {
       {"content/ragas/bad.rec", "[Tala - Technical Information]\nTala Id = 7\nBeat Count = twelve\n",
        "bad.rec:3: column 'Beat Count' needs a number"},
       {"content/ragas/bad.rec", std::string("[Prompts]\nPrompt Id = 2\nPrompt = a\0b\n", 37),
