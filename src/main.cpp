@@ -14,6 +14,10 @@
 //                      their first answer (OK, or No) and their text goes
 //                      to standard error, their detailed text after it.
 //                      Exit status 0 only when the main window was shown.
+//   --loop-alap=ID, --repeat-saves=KIND  Hidden diagnostic runs for the
+//                      soak and crash-trial scripts: with --quit-when-shown
+//                      they take over, instead of Exit, once the main window
+//                      is shown (src/diagnostic_runs.h).
 // Exit status: 1 after a fatal error or when refused as a second copy, in
 // every run; otherwise 0.
 // Environment:
@@ -33,6 +37,7 @@
 #include <string>
 
 #include "app/screens.h"
+#include "diagnostic_runs.h"
 #include "control/startup.h"
 #include "core/error_state.h"
 #include "core/messages.h"
@@ -56,7 +61,7 @@ constexpr qint64 kShowLimitMs = 5000;
 std::string commandLine(const QStringList& arguments) {
   std::string line;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
-    if (arguments[i] == kQuitWhenShown) continue;
+    if (arguments[i] == kQuitWhenShown || DiagnosticRun::isOption(arguments[i])) continue;
     if (!line.empty()) line += ' ';
     line += arguments[i].toStdString();
   }
@@ -87,8 +92,8 @@ void click(platform::Screen& screen, const std::string& control) {
 class UnattendedStart {
  public:
   UnattendedStart(platform::QtWindowSystem& windows, platform::Screen& opening,
-                  platform::Screen& main)
-      : opening_(opening), main_(main) {
+                  platform::Screen& main, std::optional<DiagnosticRun> diagnostic)
+      : opening_(opening), main_(main), diagnostic_(std::move(diagnostic)) {
     windows.setDetailedMessageBoxResponder([](const std::string& text, int style,
                                               const std::string&, const std::string& detail) {
       std::fprintf(stderr, "nadavik: message: %s\n", text.c_str());
@@ -124,7 +129,10 @@ class UnattendedStart {
     if (windowShown(main_)) {
       poll_.stop();
       shown_ = true;
-      click(main_, "cExit");
+      if (diagnostic_)
+        diagnostic_->start(main_);
+      else
+        click(main_, "cExit");
     } else if (sinceStartUp_.elapsed() > kShowLimitMs) {
       poll_.stop();
       std::fprintf(stderr, "nadavik: the main window was not shown\n");
@@ -134,6 +142,7 @@ class UnattendedStart {
 
   platform::Screen& opening_;
   platform::Screen& main_;
+  std::optional<DiagnosticRun> diagnostic_;
   QTimer poll_;
   QElapsedTimer sinceStartUp_;
   bool accepted_ = false;
@@ -149,6 +158,10 @@ int main(int argc, char* argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string appDir = QCoreApplication::applicationDirPath().toStdString();
   const bool unattended = QCoreApplication::arguments().contains(kQuitWhenShown);
+  bool invalidOption = false;
+  std::optional<DiagnosticRun> diagnostic =
+      DiagnosticRun::fromArguments(QCoreApplication::arguments(), invalidOption);
+  if (invalidOption) return 2;
 
   platform::QtWindowSystem windows(appDir + "/screens");
   windows.setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
@@ -163,7 +176,7 @@ int main(int argc, char* argv[]) {
   if (!sRegisterProgramScreens()) return 1;  // a screen definition is missing or damaged
   platform::Screen& main = windows.screen("Nadavik");
   std::optional<UnattendedStart> check;
-  if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main);
+  if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main, std::move(diagnostic));
   main.load();
   if (!main.loaded()) {
     sCloseStores();
