@@ -1,0 +1,33 @@
+// Fuzz target: arbitrary text through the reader of the content record
+// files (*.rec) that the store builder compiles. Every row and field it
+// gives has a name and the line it came from, within the text.
+#include <algorithm>
+#include <cstddef>
+#include <cstdint>
+#include <string>
+
+#include "record_file.h"
+
+namespace {
+
+void check(bool ok) {
+  if (!ok) __builtin_trap();
+}
+
+}  // namespace
+
+extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
+  const std::string text(reinterpret_cast<const char*>(data), size);
+  const int lineCount = int(std::count(text.begin(), text.end(), '\n')) + 1;
+  const nvstore::RecordFile file = nvstore::parseRecordText(text, "fuzz.rec");
+  for (const nvstore::Row& row : file.rows) {
+    check(!row.table.empty() && row.line >= 1 && row.line <= lineCount);
+    for (const nvstore::Field& field : row.fields) {
+      check(!field.column.empty() && field.line > row.line && field.line <= lineCount);
+      check(row.find(field.column) != nullptr);
+    }
+  }
+  for (const nvstore::SourceError& error : file.errors)
+    check(error.line >= 0 && error.line <= lineCount && !error.text().empty());
+  return 0;
+}
