@@ -36,18 +36,29 @@ store="$work/data/mrB.nvy"
 failures=0 saves_total=0 late_kills=0
 for trial in $(seq "$trials"); do
   kind="${kinds[$((trial % ${#kinds[@]}))]}"
+  rm -f "$work/saves.txt"  # so that the last trial's saves are not taken for this one's
   run_program "$work/data" "$program" --quit-when-shown "--repeat-saves=$kind" \
     >"$work/saves.txt" 2>"$work/program.txt" &
   pid=$!
   # Wait for the first save to return, then kill within the next 0-60 ms.
   for _ in $(seq 600); do
-    grep -q '^saved' "$work/saves.txt" && break
+    grep -qs '^saved' "$work/saves.txt" && break
     kill -0 "$pid" 2>/dev/null || break
     sleep 0.05
   done
-  if ! grep -q '^saved' "$work/saves.txt"; then
-    echo "trial $trial: the program made no save" >&2
-    cat "$work/program.txt" >&2
+  if ! grep -qs '^saved' "$work/saves.txt"; then
+    status=0
+    if kill -0 "$pid" 2>/dev/null; then
+      echo "trial $trial: the program is still starting after 30 s; its state and threads:" >&2
+      ps -o stat,time,wchan:30 -p "$pid" >&2
+      gdb -batch -p "$pid" -ex "thread apply all bt" 2>/dev/null | grep -E '^(#|Thread)' >&2 || true
+      kill -9 "$pid"
+    fi
+    wait "$pid" || status=$?
+    echo "trial $trial: the program made no save (exit status $status)" >&2
+    cat "$work/program.txt" "$work/data/errtrace.txt" >&2
+    cp -a "$work/data" "$PWD/build/crash-trial-$trial"
+    echo "its data folder is kept in build/crash-trial-$trial" >&2
     exit 1
   fi
   sleep "$(printf "0.%03d" $((RANDOM % 60)))"
