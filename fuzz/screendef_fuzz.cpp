@@ -1,6 +1,7 @@
 // Fuzz target: arbitrary text through the screen definition parser. A
 // definition it accepts keeps every number within the bounds screendef.h
 // promises the backends, and a refusal names its line.
+#include <algorithm>
 #include <cstddef>
 #include <cstdint>
 #include <string>
@@ -20,7 +21,8 @@ void checkControl(const platform::ControlDefinition& c) {
   check(isRatio(c.x) && isRatio(c.y) && isRatio(c.w) && isRatio(c.h));
   check(c.rows >= 0 && c.rows <= platform::kMaxGridRows);
   check(c.cols >= 0 && c.cols <= platform::kMaxGridCols);
-  check(c.fixedRows >= 0 && c.fixedRows <= c.rows);
+  // A grid given no rows has one, which may be fixed.
+  check(c.fixedRows >= 0 && c.fixedRows <= std::max(c.rows, 1));
   check(c.minValue <= c.value && c.value <= c.maxValue);
   check(c.minValue >= platform::kMinSliderValue && c.maxValue <= platform::kMaxSliderValue);
   check(c.interval >= 0 && c.interval <= platform::kMaxTimerIntervalMs);
