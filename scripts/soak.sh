@@ -4,7 +4,9 @@
 # on a copy of the data folder), samples the program's resident memory and
 # open descriptors every SAMPLE seconds, and prints their growth since the
 # first sample after a warm-up. Goal: under 5 MB of growth and none in
-# descriptors; the exit status is 1 when the program dies or misses it.
+# descriptors; the exit status is 1 when the program dies, stops playing
+# (no alap started for STALL seconds, 600 by default: its threads are shown)
+# or misses the goal.
 #   scripts/soak.sh HOURS [SAMPLE-SECONDS]   (HOURS may be a fraction)
 # The program is driven by its hidden --loop-alap option
 # (src/diagnostic_runs.h).
@@ -14,11 +16,13 @@ source scripts/lib/program-data.sh
 hours="${1:?usage: $0 HOURS [SAMPLE-SECONDS]}"
 sample="${2:-10}"
 warmup="${SOAK_WARMUP:-60}"
+stall="${STALL:-600}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
 work="$(mktemp -d /tmp/nadavik-soak.XXXXXX)"
-trap 'kill "$pid" 2>/dev/null || true; rm -rf "$work"' EXIT
+program_pid=""
+trap 'kill "$pid" $program_pid 2>/dev/null || true; rm -rf "$work"' EXIT
 copy_program_data "$program" "$work/data"
 
 # The alap (phrase type 1) whose durations add up to the most.
@@ -46,12 +50,22 @@ start=$SECONDS
 end=$((start + $(awk -v h="$hours" 'BEGIN { printf "%d", h * 3600 }')))
 sleep "$warmup"
 first_rss="$(rss_kb)" first_fds="$(fds)" max_rss="$first_rss"
+alaps=0 last_start=$SECONDS
 echo "time_s rss_kb fds alaps"
 while [ $SECONDS -lt $end ]; do
   kill -0 "$program_pid" 2>/dev/null || { echo "soak: the program died" >&2; cat "$work/program.txt" >&2; exit 1; }
   rss="$(rss_kb)" open="$(fds)"
   [ "$rss" -gt "$max_rss" ] && max_rss="$rss"
-  echo "$((SECONDS - start)) $rss $open $(grep -c 'alap of' "$work/program.txt" || true)"
+  now_alaps="$(grep -c 'alap of' "$work/program.txt" || true)"
+  [ "$now_alaps" != "$alaps" ] && alaps="$now_alaps" last_start=$SECONDS
+  echo "$((SECONDS - start)) $rss $open $alaps"
+  if [ $((SECONDS - last_start)) -gt "$stall" ]; then
+    echo "soak: no alap started for $stall s; the program's threads:" >&2
+    gdb -batch "/proc/$program_pid/exe" "$program_pid" -ex "thread apply all bt 30" 2>/dev/null |
+      grep -E '^(#|Thread)' >&2 || true
+    grep -v 'alap of' "$work/program.txt" | sort | uniq -c | sort -rn | head -5 >&2
+    exit 1
+  fi
   sleep "$sample"
 done
 rss="$(rss_kb)" open="$(fds)"
