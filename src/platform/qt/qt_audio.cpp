@@ -153,10 +153,16 @@ bool QtSink::startOutput(const WaveClip& clip) {
   return true;
 }
 
+// A stopped output is kept until the next one stops, not destroyed at once:
+// PulseAudio's thread may still deliver the state change of its closing
+// stream, and in Qt 6.4 a sink destroyed under it corrupted memory (a soak
+// of the longest alap deadlocked after 18 plays, with "Trying to construct
+// an instance of an invalid type" warnings). Reusing one sink instead lets
+// that late state change stop the next clip, so every clip gets its own.
 void QtSink::stop() {
   if (!output_) return;
   output_->stop();
-  output_.reset();
+  retired_ = std::move(output_);
 }
 
 // What the output has processed, in ms since it started; read before stop(),

@@ -10,7 +10,7 @@
 // counts as finished once they have all been processed, or when the count
 // has not moved for kStallMs (a lost or stuck output).
 //
-// State: the output, the sample source with its range and the amount handed
+// State: the output and the last one stopped, the sample source with its range and the amount handed
 // over, the processed count at which the current range begins to sound, and
 // when the count last moved.
 #pragma once
@@ -55,6 +55,7 @@ class QtSink : public AudioSink {
 
   std::unique_ptr<ClipSource> source_;
   std::unique_ptr<QAudioSink> output_;
+  std::unique_ptr<QAudioSink> retired_;  // the last output stopped (see stop())
   long rangeStartsAtMs_ = 0;  // the processed count where the range begins
 
   long lastProcessedMs_ = 0;
