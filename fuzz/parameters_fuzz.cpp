@@ -5,6 +5,7 @@
 // on the screen, whatever was stored.
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -48,8 +49,9 @@ class ScreenOnly : public platform::WindowSystem {
 bool initialise() {
   static ScreenOnly windows;
   platform::setWindowSystem(&windows);
-  char folder[] = "/tmp/nadavik-fuzz-XXXXXX";
-  if (mkdtemp(folder) == nullptr) __builtin_trap();
+  // In $TMPDIR, which scripts/fuzz-all.sh empties after each run.
+  std::string folder = (std::filesystem::temp_directory_path() / "nadavik-fuzz-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) __builtin_trap();
   gWorkspace = &platform::defaultWorkspace();
   gDevnagariOk = -1;
   const std::string dir = folder;

@@ -26,17 +26,20 @@ cmake -S . -B "$build" -G Ninja \
 cmake --build "$build" --target "${targets[@]}" -j "$(nproc)"
 
 export UBSAN_OPTIONS=halt_on_error=1:print_stacktrace=1
+# The targets' own files (stores, trace files) go here, emptied after each.
+export TMPDIR="$PWD/$build/tmp"
 status=0
 summary=()
 for target in "${targets[@]}"; do
   corpus="$build/corpus/$target" artifacts="$build/artifacts/$target"
-  mkdir -p "$corpus" "$artifacts"
+  mkdir -p "$corpus" "$artifacts" "$TMPDIR"
   log="$build/$target.log"
   echo "== $target: ${seconds} s"
   run=0
   "$build/fuzz/$target" "$corpus" fuzz/corpus/"$target" -max_total_time="$seconds" -max_len=8192 \
     -artifact_prefix="$artifacts/" -print_final_stats=1 -timeout=10 -rss_limit_mb=2048 \
     >"$log" 2>&1 || run=$?
+  rm -rf "$TMPDIR"
   execs="$(sed -n 's/^stat::number_of_executed_units: *//p' "$log")"
   if [ "$run" -ne 0 ]; then
     status=1
