@@ -4,6 +4,7 @@
 // on text of more than 501 words is the designed answer, not a fault.
 #include <cstddef>
 #include <cstdint>
+#include <filesystem>
 #include <string>
 
 #include <stdlib.h>
@@ -77,8 +78,9 @@ void convertDevanagari(const std::string& text) {
 // faults' report, so that nothing is written to the current folder.
 bool initialise() {
   sInitScales();
-  char folder[] = "/tmp/nadavik-fuzz-XXXXXX";
-  if (mkdtemp(folder) == nullptr) __builtin_trap();
+  // In $TMPDIR, which scripts/fuzz-all.sh empties after each run.
+  std::string folder = (std::filesystem::temp_directory_path() / "nadavik-fuzz-XXXXXX").string();
+  if (mkdtemp(folder.data()) == nullptr) __builtin_trap();
   gDataPath = folder;
   gErrTraceFile = gDataPath + "/errtrace.txt";
   return true;

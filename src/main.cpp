@@ -17,6 +17,10 @@
 //   --help, --version  Print the usage or the version on standard output
 //                      and exit 0, before any window is made (so they need
 //                      no display).
+//   --loop-alap=ID, --repeat-saves=KIND  Hidden diagnostic runs for the
+//                      soak and crash-trial scripts: with --quit-when-shown
+//                      they take over, instead of Exit, once the main window
+//                      is shown (src/diagnostic_runs.h).
 // Exit status: 1 after a fatal error or when refused as a second copy, in
 // every run; otherwise 0.
 // Environment:
@@ -40,6 +44,7 @@
 #include "app/screens.h"
 #include "control/parameters.h"
 #include "control/program_folders.h"
+#include "diagnostic_runs.h"
 #include "control/startup.h"
 #include "core/error_state.h"
 #include "core/messages.h"
@@ -63,7 +68,7 @@ constexpr qint64 kShowLimitMs = 5000;
 std::string commandLine(const QStringList& arguments) {
   std::string line;
   for (qsizetype i = 1; i < arguments.size(); ++i) {
-    if (arguments[i] == kQuitWhenShown) continue;
+    if (arguments[i] == kQuitWhenShown || DiagnosticRun::isOption(arguments[i])) continue;
     if (!line.empty()) line += ' ';
     line += arguments[i].toStdString();
   }
@@ -117,8 +122,8 @@ void click(platform::Screen& screen, const std::string& control) {
 class UnattendedStart {
  public:
   UnattendedStart(platform::QtWindowSystem& windows, platform::Screen& opening,
-                  platform::Screen& main)
-      : opening_(opening), main_(main) {
+                  platform::Screen& main, std::optional<DiagnosticRun> diagnostic)
+      : opening_(opening), main_(main), diagnostic_(std::move(diagnostic)) {
     windows.setDetailedMessageBoxResponder([](const std::string& text, int style,
                                               const std::string&, const std::string& detail) {
       std::fprintf(stderr, "nadavik: message: %s\n", text.c_str());
@@ -154,7 +159,10 @@ class UnattendedStart {
     if (windowShown(main_)) {
       poll_.stop();
       shown_ = true;
-      click(main_, "cExit");
+      if (diagnostic_)
+        diagnostic_->start(main_);
+      else
+        click(main_, "cExit");
     } else if (sinceStartUp_.elapsed() > kShowLimitMs) {
       poll_.stop();
       std::fprintf(stderr, "nadavik: the main window was not shown\n");
@@ -164,6 +172,7 @@ class UnattendedStart {
 
   platform::Screen& opening_;
   platform::Screen& main_;
+  std::optional<DiagnosticRun> diagnostic_;
   QTimer poll_;
   QElapsedTimer sinceStartUp_;
   bool accepted_ = false;
@@ -180,6 +189,10 @@ int main(int argc, char* argv[]) {
   QApplication::setQuitOnLastWindowClosed(false);
   const std::string appDir = QCoreApplication::applicationDirPath().toStdString();
   const bool unattended = QCoreApplication::arguments().contains(kQuitWhenShown);
+  bool invalidOption = false;
+  std::optional<DiagnosticRun> diagnostic =
+      DiagnosticRun::fromArguments(QCoreApplication::arguments(), invalidOption);
+  if (invalidOption) return 2;
 
   platform::QtWindowSystem windows(fReadOnlyDataFolder(appDir) + "/screens");
   windows.setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
@@ -195,7 +208,7 @@ int main(int argc, char* argv[]) {
   if (!sRegisterProgramScreens()) return 1;  // a screen definition is missing or damaged
   platform::Screen& main = windows.screen("Nadavik");
   std::optional<UnattendedStart> check;
-  if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main);
+  if (unattended) check.emplace(windows, windows.screen("OpeningScreen"), main, std::move(diagnostic));
   main.load();
   if (!main.loaded()) {
     sCloseStores();

@@ -29,7 +29,7 @@ TEST(Layering, EveryIncludePointsToTheSameOrALowerFloor) {
     if (!entry.is_regular_file()) continue;
     const fs::path relative = fs::relative(entry.path(), src);
     if (relative.begin() == relative.end() || std::next(relative.begin()) == relative.end())
-      continue;  // main.cpp and the folder's build file stand above every floor
+      continue;  // the program's files at the top of src/ stand above every floor
     const std::string ext = entry.path().extension().string();
     if (ext != ".cpp" && ext != ".h") continue;
     const std::string folder = relative.begin()->string();

@@ -128,6 +128,18 @@ TEST_F(QtDevice, PlaysToTheEndWithSteadyStatusAndOneDone) {
   EXPECT_TRUE(lagMs >= 0 && lagMs <= 300) << lagMs;
 }
 
+// The program plays phrase after phrase on one device: each must sound to
+// its end, whatever the outputs of the phrases before it still report.
+TEST_F(QtDevice, EachClipInTurnPlaysToItsEnd) {
+  for (long lengthMs : {600L, 800L, 600L}) {
+    doneCodes.clear();
+    ASSERT_TRUE(openAndPlay(lengthMs)) << device->errorMessage();
+    runUntil([this] { return !doneCodes.empty(); }, 3000);
+    ASSERT_EQ(doneCodes, std::vector<int>{kNotifySuccessful}) << lengthMs;
+    EXPECT_TRUE(doneAtMs >= lengthMs - 30 && doneAtMs <= lengthMs + 400) << lengthMs << ": " << doneAtMs;
+  }
+}
+
 TEST_F(QtDevice, StopFreezesThePositionAndAnswersAborted) {
   ASSERT_TRUE(openAndPlay(2000)) << device->errorMessage();
   runUntil([this] { return clock.elapsed() >= 400; }, 1000);

@@ -77,7 +77,10 @@ TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
       {{"-o", "a.wav", "--tonic"}, "--tonic needs a value"},
       {{"-o", "a.wav", "--bpm", "60"}, "unknown option \"--bpm\""},
       {{"--notes", "S"}, "-o names the wave file"},
-      {with(tala, {"--beat-ms", "1", "--start-beat", "16", "--level", "1", "--drone", "none"}), ""},
+      // Found by fuzzing: the library takes at most 64 strokes in one note.
+      {with(tala, {"--beat-ms", "1"}), "--beat-ms 1 puts more than 64 theka strokes in a note of 1000 ms"},
+      {with(tala, {"--beat-ms", "1", "--durations", "63", "--start-beat", "16", "--level", "1",
+                   "--drone", "none"}), ""},
   };
   for (const auto& [words, problem] : cases) {
     RenderArgs args;

@@ -1,6 +1,7 @@
 // Reading and checking tonvex-render's command line (see render_args.h).
 #include "render_args.h"
 
+#include <algorithm>
 #include <charconv>
 #include <cmath>
 #include <filesystem>
@@ -16,6 +17,10 @@ namespace {
 constexpr double kMinDurationMs = 1;
 constexpr double kMaxDurationMs = 60000;
 constexpr double kMaxTotalMs = 600000;
+// The library takes at most this many theka strokes in one note (the count
+// of a theka token, tokens.cpp); a short beat under a long note would give
+// more, and the library would refuse the whole phrase.
+constexpr int kMaxStrokesPerNote = 64;
 
 bool wholeNumber(const std::string& text, int& out) {
   const char* end = text.data() + text.size();
@@ -44,6 +49,16 @@ std::string wholeIn(const std::map<std::string, std::string>& opt, const char* n
     return std::string(name) + " takes a whole number from " + std::to_string(low) + " to " +
            std::to_string(high) + ", not \"" + found->second + "\"";
   return "";
+}
+
+// A note of d ms holds at most floor(d / beatMs) + 1 strokes.
+std::string checkStrokesPerNote(const std::vector<std::string>& durations, int beatMs) {
+  double longest = durations.empty() ? 1000 : 0;  // the default duration
+  for (const std::string& word : durations) longest = std::max(longest, std::stod(word));
+  if (std::floor(longest / beatMs) + 1 <= kMaxStrokesPerNote) return "";
+  return "--beat-ms " + std::to_string(beatMs) + " puts more than " +
+         std::to_string(kMaxStrokesPerNote) + " theka strokes in a note of " + formatted(longest) +
+         " ms; give a longer beat or shorter notes";
 }
 
 std::string decimalIn(const std::map<std::string, std::string>& opt, const char* name, double low,
@@ -126,6 +141,7 @@ std::string readRenderArgs(const std::vector<std::string>& words, RenderArgs& ar
   if (!cycle) return "unknown tala \"" + args.tala + "\"";
   if (args.setup.kitFile.empty()) return "--tala needs --kit";
   if (!(problem = wholeIn(opt, "--beat-ms", 1, 10000, args.beatMs)).empty()) return problem;
+  if (!(problem = checkStrokesPerNote(args.durations, args.beatMs)).empty()) return problem;
   return wholeIn(opt, "--start-beat", 1, static_cast<int>(cycle->size()), args.startBeat);
 }
 

@@ -262,8 +262,8 @@ bool QtSink::startOutput(const WaveClip& clip) {
   return true;
 }
 
-// The output fades out and is closed once what it holds, the fade included,
-// has been played: closing it at once would cut the sound with a click.
+// The output fades out and is stopped once what it holds, the fade included,
+// has been played: stopping it at once would cut the sound with a click.
 void QtSink::stop() {
   if (!output_) return;
   retire();
@@ -273,11 +273,19 @@ void QtSink::stop() {
   retireTimer_.start(static_cast<int>(2 * kBufferMs + kFadeOutMs));
 }
 
+// A stopped output is kept until the next one is stopped, not destroyed at
+// once: PulseAudio's thread may still deliver the state change of its
+// closing stream, and in Qt 6.4 a sink destroyed under it corrupted memory (a
+// soak of the longest alap deadlocked after 18 plays, with "Trying to
+// construct an instance of an invalid type" warnings). Reusing one sink
+// instead lets that late state change stop the next clip, so every clip gets
+// its own.
 void QtSink::retire() {
   retireTimer_.stop();
-  if (retiringOutput_) retiringOutput_->stop();
-  retiringOutput_.reset();
-  retiringSource_.reset();
+  if (!retiringOutput_) return;
+  retiringOutput_->stop();
+  retiredOutput_ = std::move(retiringOutput_);
+  retiredSource_ = std::move(retiringSource_);
 }
 
 // What the output has processed, in ms since it started; read before stop(),

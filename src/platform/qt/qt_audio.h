@@ -11,14 +11,15 @@
 //
 // Clips queued after the range are pulled straight after it from the same
 // source, so the output never closes between them. Stop fades the source
-// out over kFadeOutMs and closes that output once the fade has been played;
+// out over kFadeOutMs and stops that output once the fade has been played;
 // a new start opens a fresh output at once, so nothing of the stopped sound
-// is left to come before it.
+// is left to come before it. A stopped output is kept until the next one is
+// stopped, not destroyed at once (see retire()).
 //
 // State: the output, the sample source with its range, its queued clip and
 // the amount handed over, the processed count at which the current range
-// begins to sound, when the count last moved, and a stopped output still
-// playing its fade.
+// begins to sound, when the count last moved, a stopped output still
+// playing its fade, and the last output stopped.
 #pragma once
 
 #include <QElapsedTimer>
@@ -73,15 +74,20 @@ class QtSink : public AudioSink {
  private:
   bool startOutput(const WaveClip& clip);
   long processedMs() const;
-  // Closes the stopped output, whose fade has been played.
+  // Stops the output whose fade has been played, and keeps it as the last
+  // one stopped.
   void retire();
 
   std::unique_ptr<ClipSource> source_;
   std::unique_ptr<QAudioSink> output_;
-  // The stopped output while it plays its fade, and the timer that closes it.
+  // The stopped output while it plays its fade, and the timer that stops it.
   std::unique_ptr<ClipSource> retiringSource_;
   std::unique_ptr<QAudioSink> retiringOutput_;
   QTimer retireTimer_;
+  // The last output stopped, with its source (declared first, so that the
+  // output goes before the source it reads).
+  std::unique_ptr<ClipSource> retiredSource_;
+  std::unique_ptr<QAudioSink> retiredOutput_;
   long rangeStartsAtMs_ = 0;  // the processed count where the range begins
 
   long lastProcessedMs_ = 0;
