@@ -36,6 +36,9 @@ class ScreenOnly : public platform::WindowSystem {
  public:
   platform::Screen& screen(const std::string&) override { __builtin_trap(); }
   int messageBox(const std::string&, int, const std::string&) override { return platform::kAnswerOk; }
+  int askChoice(const std::string&, const std::string&, const std::vector<std::string>&) override { return -1; }
+  std::string chooseFileToOpen(const std::string&, const std::string&, const std::string&) override { return ""; }
+  bool openDocument(const std::string&) override { return false; }
   float screenWidth() const override { return kScreenW; }
   float screenHeight() const override { return kScreenH; }
   std::vector<std::string> fontFamilies() const override { return {}; }
