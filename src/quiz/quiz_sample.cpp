@@ -76,17 +76,15 @@ bool fDrawRagaAndKind() {
 bool fLoadDrawnPhrase() {
   switch (gQuizItem) {
     case kQuizScale:
-      gCurrItemType = 1;
-      gCurrPhraseKind = 1;
-      gSelPhrase = fGetFromT_ScalePhraseUnSeg(kNotes);
-      gSelDurPhrase = fGetFromT_ScalePhraseUnSeg(kDurations);
+    case kQuizPakad: {
+      const bool scale = gQuizItem == kQuizScale;
+      const auto phrase = scale ? fGetFromT_ScalePhraseUnSeg : fGetFromT_PakadPhraseUnSeg;
+      gCurrItemType = scale ? 1 : 2;
+      gCurrPhraseKind = scale ? 1 : 3;
+      gSelPhrase = phrase(kNotes);
+      gSelDurPhrase = phrase(kDurations);
       break;
-    case kQuizPakad:
-      gCurrItemType = 2;
-      gCurrPhraseKind = 3;
-      gSelPhrase = fGetFromT_PakadPhraseUnSeg(kNotes);
-      gSelDurPhrase = fGetFromT_PakadPhraseUnSeg(kDurations);
-      break;
+    }
     default: {
       gCurrItemType = 3;
       gCurrPhraseKind = 4;
