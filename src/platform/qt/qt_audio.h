@@ -59,11 +59,12 @@ class QtSink : public AudioSink {
   // Measured on a PulseAudio server against recordings of its output
   // (scripts/measure-playback.py, four runs): a sample sounds 10 to 25 ms
   // before the output counts it as processed, because Qt takes the server's
-  // whole latency off that count; with the status ticks' own delay (up to
-  // 10 ms) the middle of that puts a mark within about 15 ms either side of
-  // its note. (Taking a further 30 ms off, as this did before, put every
-  // mark 40 to 70 ms after its note.)
-  static constexpr long kHeardBeforeProcessedMs = 17;
+  // whole latency off that count. A mark comes on the first status tick
+  // after its note is due, half a tick late on average, so half a tick
+  // more is added: at 17 ms the marks of two recorded sessions came 4 to
+  // 11 ms late on average. (Taking a further 30 ms off, as this did before,
+  // put every mark 40 to 70 ms after its note.)
+  static constexpr long kHeardBeforeProcessedMs = 22;
   // Status notifications every 10 ms: a mark comes at most that late.
   static constexpr long kStatusIntervalMs = 10;
   static constexpr long kStallMs = 300;
