@@ -47,6 +47,7 @@ struct ScoreItem {
   std::string title;  // "Pakad", "Alap 2", a composition's name
   std::vector<ScorePhrase> phrases;
   std::vector<ScoreCompositionPart> parts;  // a composition's parts; empty otherwise
+  std::vector<std::string> waves;  // for a sound export: the phrases' wave files, in order
 };
 
 // The raga's particulars for the sheet's header.

@@ -103,7 +103,7 @@ ScorePhrase capturePart(const CompPartRecord& part, int beatMs) {
 }
 
 ScoreItem captureComposition(const std::string& title) {
-  ScoreItem item{title, {}, {}};
+  ScoreItem item{title, {}, {}, {}};
   const int beatMs = fCurrBeatMs();
   static const char* const kCaptions[] = {"Asthai", "Antara"};
   for (int p = 0; p < 2; ++p) {
@@ -137,5 +137,5 @@ Score fCaptureRagaScore() {
 
 ScoreItem fCaptureItemAtHand(const std::string& title) {
   if (gCurrPhraseKind == kCompositionKind) return captureComposition(title);
-  return {title, capturePhrases(), {}};
+  return {title, capturePhrases(), {}, {}};
 }

@@ -95,7 +95,7 @@ Score sampleScore() {
   gat.beatMs = 750;
   gat.notes = {{12, -1, 0, 750}, {14, -1, 750, 1500}};
   gat.strokes = {{0, 1}, {750, 2}, {1500, 5}};
-  s.items = {{"Alap", {alap}, {}}, {"Bandish", {gat}, {}}};
+  s.items = {{"Alap", {alap}, {}, {}}, {"Bandish", {gat}, {}, {}}};
   return s;
 }
 

@@ -43,13 +43,13 @@ Score twoCompositions(int script) {
   s.script = script;
   s.info = {"Kalyan", "G", "N", "Sampoorna - Sampoorna", "First quarter of the night", "N< R G M D N S>",
             "S> N D P M G R S", "N< R G R N< R S P M G R S"};
-  s.items.push_back({"Alap", {{"N< R G R S", {}, {}, 0}, {"N< D< N< R S", {}, {}, 0}}, {}});
+  s.items.push_back({"Alap", {{"N< R G R S", {}, {}, 0}, {"N< D< N< R S", {}, {}, 0}}, {}, {}});
   s.items.push_back({"Saanjh bhayi (Teentaal)", {}, {{"Asthai", "Saanjh bha yi ab deep ja laa o man man dir mein jyot ja gaa o",
       "2 2 2 2 2 1 2 3 2 2 2 2 2 1 2 3", "N< R G R G M P G R N< R S M D N S> N D P M G R S",
-      "1 1 2 1 1 1 1 2 1 1 1 3 1 1 2 2 1 1 2 1 1 1 3", 1, 9}}});
+      "1 1 2 1 1 1 1 2 1 1 1 3 1 1 2 2 1 1 2 1 1 1 3", 1, 9}}, {}});
   s.items.push_back({"Saanjh sindoori (Rupak)", {}, {{"Asthai", "Saanjh sin doo ri chhaa yi ga gan mein deep ja le har dwaar",
       "2 1 2 2 2 2 1 2 2 2 1 2 2 5", "N< r G M G M d P M G m G M d N S> N d P M G r S",
-      "1 1 1 2 2 1 1 2 1 1 1 2 1 1 1 2 1 1 1 1 1 1 1", 4, 1}}});
+      "1 1 1 2 2 1 1 2 1 1 1 2 1 1 1 2 1 1 1 1 1 1 1", 4, 1}}, {}});
   return s;
 }
 
