@@ -1,7 +1,8 @@
 // Whole-raga export from the Raga Exploration screen in the whole program
 // (program harness: real screens on Qt offscreen, the built stores): the
 // menu's Whole Raga entry from the click to the renamed file, as a PDF
-// notation sheet and as a MIDI file. The file dialog and the paper box are
+// notation sheet, a MIDI file and a FLAC file (every phrase built by the
+// program's music-file path, then encoded). The file dialog and the paper box are
 // answered at once, so the time is the capture of every item, the writing
 // and the rename. Counters: the raga's items and the file's size.
 #include <benchmark/benchmark.h>
@@ -12,6 +13,7 @@
 #include <filesystem>
 #include <memory>
 
+#include "control/screen_manager.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
 #include "program_harness.h"
@@ -79,9 +81,11 @@ void exportBench(benchmark::State& state, const char* menu, const char* name) {
 
 void BM_WholeRagaAsPdf(benchmark::State& state) { exportBench(state, "cMnuXptRagPdf", "Yaman.pdf"); }
 void BM_WholeRagaAsMidi(benchmark::State& state) { exportBench(state, "cMnuXptRagMid", "Yaman.mid"); }
+void BM_WholeRagaAsFlac(benchmark::State& state) { exportBench(state, "cMnuXptRagSnd", "Yaman.flac"); }
 
 BENCHMARK(BM_WholeRagaAsPdf)->Unit(benchmark::kMillisecond)->UseRealTime();
 BENCHMARK(BM_WholeRagaAsMidi)->Unit(benchmark::kMillisecond)->UseRealTime();
+BENCHMARK(BM_WholeRagaAsFlac)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 

@@ -107,10 +107,13 @@ void drawGrid(Layout& l, const ScoreCompositionPart& part, const TalaLayout& tal
   const double syllableH = l.sheet().lineHeightMm(syllableFont), noteH = l.sheet().lineHeightMm(noteFont),
                markH = l.sheet().lineHeightMm(markFont), rowH = syllableH + noteH + markH + 1.5;
 
+  // the part stays on one page when it fits on one
+  const double captionH = l.sheet().lineHeightMm(l.font(11, true)), numbersH = l.sheet().lineHeightMm(small);
+  l.reserve(std::min(captionH + numbersH + static_cast<double>(rows) * rowH, l.sheet().heightMm()));
   l.line(part.caption, l.font(11, true));
-  l.reserve(l.sheet().lineHeightMm(small) + rowH);
+  l.reserve(numbersH + rowH);
   for (int b = 0; b < beats; ++b) l.sheet().drawText(b * cell + 0.8, l.y() + 2.5, std::to_string(b + 1), small);
-  l.gap(l.sheet().lineHeightMm(small));
+  l.gap(numbersH);
 
   auto fitted = [&](const std::string& text, platform::SheetFont f) {
     while (f.points > 4 && l.sheet().textWidthMm(text, f) > cell - 1) f.points -= 0.5;
@@ -138,7 +141,7 @@ void drawGrid(Layout& l, const ScoreCompositionPart& part, const TalaLayout& tal
 }
 
 void drawItem(Layout& l, const ScoreItem& item, const TalaLayouts& talas) {
-  l.reserve(20);
+  l.reserve(item.parts.empty() ? 20 : 60);  // a title stays with the start of what it heads
   l.line(item.title, l.font(13, true));
   l.gap(1);
   if (!item.parts.empty()) {
