@@ -157,9 +157,14 @@ void drawItem(Layout& l, const ScoreItem& item, const TalaLayouts& talas) {
 
 }  // namespace
 
+// Word by word through the vocabulary rather than fConvertFont, whose
+// procedure trace belongs to the screens' thread: the sheet is drawn on
+// the export's own.
 std::string fSheetText(const std::string& englishWords, int script) {
   if (script != kDevanagari) return englishWords;
-  return fKeymapToUnicode(fConvertFont(englishWords, 2));
+  std::string keymap;
+  for (const std::string& word : fSplitWords(englishWords, " ")) keymap += (keymap.empty() ? "" : " ") + fGetDevForEng(word);
+  return fKeymapToUnicode(keymap);
 }
 
 std::vector<std::string> fGridCells(const std::string& words, const std::string& wordBeats, int beats,
