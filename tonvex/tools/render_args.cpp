@@ -138,7 +138,7 @@ std::string readRenderArgs(const std::vector<std::string>& words, RenderArgs& ar
   args.tala = text(opt, "--tala");
   if (args.tala.empty()) return "";
   const auto cycle = builtInTheka(args.tala);
-  if (!cycle) return "unknown tala \"" + args.tala + "\"";
+  if (!cycle) return "unknown tala \"" + args.tala + "\"; --tala takes " + builtInTalaNames();
   if (args.setup.kitFile.empty()) return "--tala needs --kit";
   if (!(problem = wholeIn(opt, "--beat-ms", 1, 10000, args.beatMs)).empty()) return problem;
   if (!(problem = checkStrokesPerNote(args.durations, args.beatMs)).empty()) return problem;
