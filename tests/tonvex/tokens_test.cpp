@@ -89,6 +89,8 @@ TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
     words.insert(words.end(), more.begin(), more.end());
     return words;
   };
+  std::string hourAndMinute = "60000";
+  for (int i = 0; i < 60; ++i) hourAndMinute += " 60000";
   const std::pair<Words, const char*> cases[] = {
       // Seen in the field: a beat of 0 or less never ended, at 100% CPU.
       {with(tala, {"--beat-ms", "0"}), "--beat-ms takes a whole number from 1 to 10000, not \"0\""},
@@ -99,6 +101,8 @@ TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
        "unknown tala \"tintal\"; --tala takes teentaal|ektaal|jhaptaal|rupak|keherwa|dadra|"
        "chautaal|jhoomra|tilwada|deepchandi|dhamar|sooltaal"},
       {{"-o", "a.wav", "--tonic", "13"}, "--tonic takes a whole number from 1 to 12"},
+      {{"-o", "a.wav", "--durations", hourAndMinute},
+       "the notes last 3660000 ms; a render lasts at most 3600000 ms (60 minutes)"},
       {{"-o", "a.wav", "--level", "nan"}, "--level takes a number from 0 to 1"},
       {{"-o", "a.wav", "--drone-factor", "2"}, "--drone-factor takes a number from 0.5 to 1.5"},
       {{"-o", "a.wav", "--drone", "sa"}, "--drone takes pa, ma, ni or none"},
