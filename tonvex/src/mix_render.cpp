@@ -11,6 +11,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <complex>
 #include <numbers>
 #include <vector>
 
@@ -60,21 +61,36 @@ class MelodyWindow {
 };
 
 // The bellows: a player cannot hold the pressure quite steady, so the reeds'
-// loudness swells by a few percent at two slow, unrelated rates. Evaluated
-// every 256 samples from the file's start and interpolated.
-TONVEX_VECTOR_CLONES void applyBellows(int64_t from, int64_t n, float* block) {
-  auto pressure = [](int64_t at) {
-    const double t = double(at) / kSampleRate;
-    return float(1.0 + 0.03 * std::sin(2.0 * std::numbers::pi * 0.41 * t) +
-                 0.02 * std::sin(2.0 * std::numbers::pi * 0.13 * t + 1.0));
-  };
-  for (int64_t b = 0; b < n; b += kBellowsStep) {
-    const float start = pressure(from + b);
-    const float slope = (pressure(from + b + kBellowsStep) - start) / float(kBellowsStep);
-    const int count = int(std::min(kBellowsStep, n - b));
-    for (int i = 0; i < count; ++i) block[b + i] *= start + slope * float(i);
+// loudness swells by a few percent at two slow, unrelated rates (0.41 and
+// 0.13 Hz). The pressure is known every 256 samples from the file's start,
+// by stepping the two sines' phasors, and interpolated between.
+class Bellows {
+ public:
+  // Multiplies the next n samples (a whole number of steps, but for the
+  // file's last block).
+  void apply(int64_t n, float* block) {
+    for (int64_t b = 0; b < n; b += kBellowsStep) {
+      const float start = pressure();
+      step();
+      const float slope = (pressure() - start) / float(kBellowsStep);
+      const int count = int(std::min(kBellowsStep, n - b));
+      for (int i = 0; i < count; ++i) block[b + i] *= start + slope * float(i);
+    }
   }
-}
+
+ private:
+  static std::complex<double> stepOf(double hz) {
+    return std::polar(1.0, 2.0 * std::numbers::pi * hz * double(kBellowsStep) / kSampleRate);
+  }
+  float pressure() const { return float(1.0 + 0.03 * fast_.imag() + 0.02 * slow_.imag()); }
+  void step() {
+    static const std::complex<double> fastStep = stepOf(0.41), slowStep = stepOf(0.13);
+    fast_ *= fastStep;
+    slow_ *= slowStep;
+  }
+
+  std::complex<double> fast_{1.0, 0.0}, slow_ = std::polar(1.0, 1.0);
+};
 
 // The melody fades in over the file's first 3 ms and out over its last.
 TONVEX_VECTOR_CLONES void fadeEdges(int64_t from, int64_t n, int64_t total, float* block) {
@@ -129,6 +145,7 @@ void addVoice(const MixPlan& p, size_t i, ReedPhases& phases, std::vector<float>
 TONVEX_VECTOR_CLONES bool renderMix(const MixPlan& p, SampleSink& sink) {
   const int64_t total = p.noteStarts.back();
   MelodyWindow window;
+  Bellows bellows;
   ReedPhases phases;
   std::vector<float> env;
   size_t nextVoice = 0, dronePhase = p.dronePhase;
@@ -140,7 +157,7 @@ TONVEX_VECTOR_CLONES bool renderMix(const MixPlan& p, SampleSink& sink) {
     for (; nextVoice < p.voices.size() && p.noteStarts[nextVoice] < from + n; ++nextVoice)
       addVoice(p, nextVoice, phases, env, window);
     float* block = window.room(from, n);  // the melody, mixed in place
-    applyBellows(from, n, block);
+    bellows.apply(n, block);
     fadeEdges(from, n, total, block);
     if (p.drone) dronePhase = addDrone(*p.drone, p.droneGain, dronePhase, n, block);
     theka.add(from, n, block);
