@@ -6,7 +6,11 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
+#include <filesystem>
+#include <fstream>
 
+#include "audio_measure.h"
+#include "seed_bank.h"
 #include "tonvex/seed_design.h"
 
 namespace {
@@ -42,6 +46,34 @@ TEST(SeedDesignTest, CorrectionsTuneEveryNoteToItsRatio) {
       for (int column = 41 - tonic - 2; column < kOnprColumns; ++column)
         EXPECT_EQ(columns[size_t(column)], 0.0) << "no note above 40";
     }
+}
+
+// The build's seed bank holds the designed seeds exactly; a bank with one
+// byte altered or cut short is refused (the renderer then makes the seeds).
+TEST(SeedBankTest, TheBuildsBankHoldsTheDesignedSeedsAndADamagedOneIsRefused) {
+  const auto bank = tonvex_render::readSeedBank(TONVEX_SEED_BANK);
+  ASSERT_TRUE(bank);
+  const auto designed = tonvex_render::designedSeedBank();
+  for (size_t type = 0; type < 2; ++type)
+    for (size_t note = 0; note <= 40; ++note) {
+      const SeedSpec &a = bank->sets[type][note], &b = designed.sets[type][note];
+      EXPECT_TRUE(a.samPerCyc == b.samPerCyc && a.fractional == b.fractional && a.samples == b.samples)
+          << type << " " << note;
+    }
+  const std::string damaged = tonvex_test::scratchFile("damaged.bank");
+  for (const auto& [at, cut] : {std::pair{std::uintmax_t(500), false}, {std::uintmax_t(30000), true}}) {
+    std::filesystem::copy_file(TONVEX_SEED_BANK, damaged, std::filesystem::copy_options::overwrite_existing);
+    if (cut) {
+      std::filesystem::resize_file(damaged, at);
+    } else {
+      std::fstream f(damaged, std::ios::in | std::ios::out | std::ios::binary);
+      f.seekg(std::streamoff(at));
+      const char byte = char(f.get());
+      f.seekp(std::streamoff(at));
+      f.put(char(byte ^ 0x55));
+    }
+    EXPECT_FALSE(tonvex_render::readSeedBank(damaged)) << at;
+  }
 }
 
 }  // namespace
