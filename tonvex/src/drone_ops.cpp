@@ -7,6 +7,7 @@
 
 #include "library_state.h"
 #include "pcm.h"
+#include "sample_sink.h"
 #include "tanpura.h"
 #include "theka_mix.h"
 #include "tonvex/tonvex.h"
@@ -41,11 +42,30 @@ std::array<TanpuraString, 4> tanpuraStrings(const NoteSet& set, int32_t saNote, 
           TanpuraString{stringSeed(set, saNote - 12), 10000.0, 4 * unitMs, 1.0}};
 }
 
-void fade(std::vector<float>& samples, size_t inSamples, size_t outSamples) {
-  inSamples = std::min(inSamples, samples.size());
-  outSamples = std::min(outSamples, samples.size());
-  for (size_t n = 0; n < inSamples; ++n) samples[n] *= float(n) / float(inSamples);
-  for (size_t n = 0; n < outSamples; ++n) samples[samples.size() - 1 - n] *= float(n) / float(outSamples);
+// The drone file's gain at sample n of total: 1, rising from 0 over the
+// first fadeIn samples and falling to 0 over the last fadeOut.
+float fileFade(size_t n, size_t total, size_t fadeIn, size_t fadeOut) {
+  fadeIn = std::min(fadeIn, total);
+  fadeOut = std::min(fadeOut, total);
+  float g = 1.0f;
+  if (n < fadeIn) g *= float(n) / float(fadeIn);
+  if (n >= total - fadeOut) g *= float(total - 1 - n) / float(fadeOut);
+  return g;
+}
+
+// Writes the cycles block by block into the sink, with the file's fades.
+bool writeDroneCycles(const DroneSound& drone, size_t total, size_t fadeIn, size_t fadeOut,
+                      float gain, SampleSink& sink) {
+  constexpr size_t kBlock = 4096;
+  std::array<int16_t, kBlock> pcm;
+  const size_t cycle = drone.cycle.size();
+  for (size_t from = 0; from < total; from += kBlock) {
+    const size_t n = std::min(kBlock, total - from);
+    for (size_t i = 0; i < n; ++i)
+      pcm[i] = toPcm16(drone.cycle[(from + i) % cycle] * fileFade(from + i, total, fadeIn, fadeOut) * gain);
+    if (!sink.write({pcm.data(), n})) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -78,12 +98,13 @@ int16_t FWavGenerateDroneFile(int32_t droneCycles, const std::string& outFile, i
   const LibraryState& state = libraryState();
   if (!state.drone || droneCycles < 1 || droneCycles > 100 || (fileMode != 1 && fileMode != 2))
     return 0;
-  std::vector<float> samples;
-  samples.reserve(kCycleSamples * size_t(droneCycles));
-  for (int32_t c = 0; c < droneCycles; ++c)
-    samples.insert(samples.end(), state.drone->cycle.begin(), state.drone->cycle.end());
-  if (fileMode == 1) fade(samples, kSampleRate / 50, kSampleRate * 2 / 5);
-  else fade(samples, kSampleRate * 3 / 1000, 0);
-  const float gain = kDroneFileGain * float(state.drone->factor);
-  return writeWavFile(outFile, toPcm16(samples, std::min(gain, 0.97f))) ? 1 : 0;
+  const size_t total = kCycleSamples * size_t(droneCycles);
+  const size_t fadeIn = fileMode == 1 ? kSampleRate / 50 : kSampleRate * 3 / 1000;
+  const size_t fadeOut = fileMode == 1 ? kSampleRate * 2 / 5 : 0;
+  const float gain = std::min(kDroneFileGain * float(state.drone->factor), 0.97f);
+  const auto sink = openWavFileSink(outFile);
+  return sink && writeDroneCycles(*state.drone, total, fadeIn, fadeOut, gain, *sink) &&
+                 sink->finish()
+             ? 1
+             : 0;
 }
