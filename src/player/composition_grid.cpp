@@ -38,9 +38,12 @@ constexpr float kWidestCellShare = 0.06f;   // cells of short talas stop growing
 constexpr float kTallestCellShare = 0.045f;
 // Font height as a share of the cell's height, by script: the Devanagari
 // font's line is taller for its size than the Latin one's.
-constexpr float kEnglishFontShare = 0.42f;
-constexpr float kDevanagariFontShare = 0.34f;
+constexpr float kEnglishFontShare = 0.7f;
+constexpr float kDevanagariFontShare = 0.62f;
 constexpr float kPixelsPerPoint = 96.0f / 72.0f;
+// A cell holds a syllable of six letters (or four quarter-beat notes) across
+// its width: about four ems in the syllables' font.
+constexpr float kEmsAcrossCell = 4.2f;
 // The sam, beat 1, is marked in the beat numbers: bold, in dark red.
 constexpr int kSamColor = 0x0000A0;
 
@@ -85,15 +88,18 @@ void sPlace(platform::Control& c, float left, float top, float width, float heig
   c.setVisible(true);
 }
 
-float fFontPoints(float cellHeight, bool devanagari) {
+// The font size of a cell, in half points: as tall as the cell allows for
+// the script, and no wider than the cell's width allows.
+float fFontPoints(const platform::Control& cell, bool devanagari) {
   const float share = devanagari ? kDevanagariFontShare : kEnglishFontShare;
-  return std::max(6.0f, std::round(cellHeight * share / kPixelsPerPoint * 2) / 2);
+  const float pixels = std::min(cell.height() * share, cell.width() / kEmsAcrossCell);
+  return std::max(6.0f, std::round(pixels / kPixelsPerPoint * 2) / 2);
 }
 
 // The note cell's font for the script in force, sized to its height.
 void sFitNoteFont(platform::Control& cell) {
   sAdjustFont(cell);
-  cell.setFontSize(fFontPoints(cell.height(), gNotationScript == 1));
+  cell.setFontSize(fFontPoints(cell, gNotationScript == 1));
 }
 
 void sPlaceBeatNumbers(const GridMeasures& m) {
@@ -102,7 +108,7 @@ void sPlaceBeatNumbers(const GridMeasures& m) {
     sPlace(beat, m.left + static_cast<float>(b) * (m.cellWidth + m.gap), m.top, m.cellWidth,
            m.cellHeight);
     beat.setCaption(std::to_string(b + 1));
-    beat.setFontSize(fFontPoints(m.cellHeight, false));
+    beat.setFontSize(fFontPoints(beat, false));
   }
   platform::Control& sam = ctl("cBeat", 0);
   sam.setFontBold(true);
@@ -110,19 +116,18 @@ void sPlaceBeatNumbers(const GridMeasures& m) {
 }
 
 void sPlaceRows(const GridMeasures& m) {
-  const float syllablePoints = fFontPoints(m.cellHeight, false);
   float y = m.top + m.cellHeight;
   for (int r = 0; r < gRowsPerCycle; ++r) {
     platform::Control& label = ctl("cRow", r);
     sPlace(label, m.rowLabelLeft, y, m.rowLabelWidth, 2 * m.cellHeight);
     label.setCaption(std::to_string(r + 1));
-    label.setFontSize(syllablePoints);
+    label.setFontSize(fFontPoints(ctl("cBeat", 0), false));
     for (int b = 0; b < gGridBeats; ++b) {
       const int slot = r * gGridBeats + b;
       const float x = m.left + static_cast<float>(b) * (m.cellWidth + m.gap);
       platform::Control& syllable = ctl("cMatra", slot);
       sPlace(syllable, x, y, m.cellWidth, m.cellHeight);
-      syllable.setFontSize(syllablePoints);
+      syllable.setFontSize(fFontPoints(syllable, false));
       platform::Control& note = ctl("cNote", slot);
       sPlace(note, x, y + m.cellHeight, m.cellWidth, m.cellHeight);
       sFitNoteFont(note);

@@ -142,14 +142,17 @@ void sPlay() {
     sPlayWholePart();
 }
 
-// Event 0. A composition the grid cannot show is refused before the screen
-// opens, with a message that names it.
-void sStart() {
+// A composition the grid cannot show is refused before the screen opens,
+// with a message that names it; the screen below stays as it was.
+bool fRefusedComposition() {
   const std::string refusal = fCompositionRefusal();
-  if (!refusal.empty()) {
-    sShowMessage(refusal);
-    return;
-  }
+  if (refusal.empty()) return false;
+  sShowMessage(refusal);
+  return true;
+}
+
+// Event 0.
+void sStart() {
   sInitPlayCompositions();
   // Setting the part's button raises its click, and through it event 2,
   // which names the part and fills the grid.
@@ -255,6 +258,7 @@ void sHandBackTonic() {
 
 void sPlayCompositions(std::int16_t event) {
   NV_PROC("sPlayCompositions");
+  if (event == 0 && fRefusedComposition()) return;
   gCallbackContext = kContextComposition;
   switch (event) {
     case 0: sStart(); break;
