@@ -171,7 +171,8 @@ void sAdjustDisplayForTala() {
   NV_PROC("sAdjustDisplayForTala");
   const CompPartRecord& part = gCompInfo[gCompPart == 2 ? 1 : 0];
   gGridBeats = fGetBeatCountForTala(part.TalaId);
-  ctl("Label25").setCaption("Tala : " + fGetTalaName(part.TalaId));
+  // A screen opened without a composition (no tala) shows an empty grid.
+  ctl("Label25").setCaption("Tala : " + (part.TalaId != 0 ? fGetTalaName(part.TalaId) : ""));
   ctl("Label26").setCaption(std::to_string(gGridBeats) + " Beats");
   if (gGridBeats <= 0) return;
   const int rows = fGetMatraCountForComposition() / gGridBeats + 1;
