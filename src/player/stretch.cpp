@@ -21,10 +21,12 @@ bool fWithin(double value, double low, double high) { return value >= low && val
 }  // namespace
 
 int fPartLastRow(const PartExtent& part) {
+  if (part.beats <= 0) return 0;
   return (part.matras + part.firstBeat - 2) / part.beats + 1;
 }
 
 int fPartLastBeat(const PartExtent& part) {
+  if (part.beats <= 0) return 0;
   return (part.matras + part.firstBeat - 2) % part.beats + 1;
 }
 

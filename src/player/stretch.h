@@ -29,7 +29,8 @@ struct StretchCheck {
 // the grid keeps below it cannot be asked for, since the part's file holds
 // no sound there to cut. For the same reason the part's own matras are
 // taken, not the grid's stored count of the Antara, which also holds its
-// starting beat.)
+// starting beat.) A part without beats (no tala) ends on row 0, beat 0, so
+// that every stretch lies outside it.
 int fPartLastRow(const PartExtent& part);
 int fPartLastBeat(const PartExtent& part);
 

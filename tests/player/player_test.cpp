@@ -146,6 +146,35 @@ TEST_F(PlayerTest, LoopRoundsFollowWithoutABreakUntilStopLooping) {
   EXPECT_EQ(messageTexts(), Names{});
 }
 
+// Grace notes, theka and drone enter the files: each rebuilds both parts,
+// and the next Play in Practice cuts the stretch again. The script changes
+// the grid only.
+TEST_F(PlayerTest, MenusThatChangeTheSoundRebuildBothPartsAndTheStretch) {
+  open("Saanjh bhayi");
+  press("cPractice");
+  for (const auto& [field, value] : {std::pair{"cFRow", "1"}, {"cFBeat", "9"}, {"cTRow", "1"}, {"cTBeat", "12"}})
+    pc(field).setText(value);
+  press("cPlay");
+  runOut();
+  for (const char* menu : {"cMnuNoGraNot", "cMnuNoThe", "cMnuDroLou"}) {
+    const auto whole = std::filesystem::last_write_time(gWavB);
+    const auto cut = std::filesystem::last_write_time(gWavC);
+    press(menu);
+    EXPECT_GT(std::filesystem::last_write_time(gWavB), whole) << menu;
+    press("cPlay");
+    runOut();
+    EXPECT_GT(std::filesystem::last_write_time(gWavC), cut) << menu;
+  }
+  const auto whole = std::filesystem::last_write_time(gWavA);
+  press("cMnuEng");
+  EXPECT_EQ(pc("cNote", 8).caption(), "N<");
+  press("cMnuDev");
+  EXPECT_NE(pc("cNote", 8).caption(), "N<");
+  EXPECT_EQ(pc("cNote", 8).fontName(), "Shusha");
+  EXPECT_EQ(std::filesystem::last_write_time(gWavA), whole);
+  EXPECT_EQ(messageTexts(), Names{});
+}
+
 // A tonic chosen here is taken up by the exploration screen when the player
 // is left, by Go Back or by the close box while a part sounds.
 TEST_F(PlayerTest, ATonicChosenHereReachesTheExplorationScreen) {

@@ -10,9 +10,9 @@
 // the alap again, stops it in its second phrase, and plays the pakad.
 //
 // With the argument "composition" it plays Yaman's composition in the
-// composition player instead: the Asthai in Learning, looped for two rounds
-// and a half and stopped, then a stretch of the Antara (row 2, beats 1 to
-// 8) in Practice. A mark is then the red cell's step to the next slot of
+// composition player instead: the Asthai in Learning at the fastest tempo,
+// looped for two rounds and a half and stopped, then a stretch of the
+// Antara (row 2, beats 1 to 8) in Practice at its own tempo. A mark is then the red cell's step to the next slot of
 // the grid, and a phrase's starts are its slots' times.
 //
 // Each line of the log is an event and its wall-clock time in seconds:
@@ -166,14 +166,16 @@ bool playComposition(ProgramHarness& p, Scenario& scenario) {
   p.fire("MainOperations", "Option2", platform::EventKind::Click);
   if (!scenario.play("Composition")) return false;
   scenario.watchEndOf("PlayComposition1", "cPlay");
-  scenario.press("cStartLoop", "play Asthai looped");
-  scenario.run(2500 + 2 * 32 * 550, false);
+  platform::Screen& player = p.screen("PlayComposition1");
+  player.control("cSlider").setValue(player.control("cSlider").maxValue());
+  scenario.press("cStartLoop", "play Asthai looped at the fastest tempo");
+  scenario.run(2500 + static_cast<long>(2 * 32 * 550 * gSpeedFactors[17]), false);
   scenario.press("cStopLoop", "stop");
   scenario.run(3000, true);
   scenario.run(1500, false);
   p.fire("PlayComposition1", "cAntara", platform::EventKind::Click);
   p.fire("PlayComposition1", "cPractice", platform::EventKind::Click);
-  platform::Screen& player = p.screen("PlayComposition1");
+  player.control("cSlider").setValue(9);
   for (const auto& [field, value] : {std::pair{"cFRow", "2"}, {"cFBeat", "1"}, {"cTRow", "2"}, {"cTBeat", "8"}})
     player.control(field).setText(value);
   scenario.press("cPlay", "play Antara row 2 beats 1 to 8");
