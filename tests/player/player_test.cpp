@@ -10,6 +10,7 @@
 #include "player/player.h"
 #include "player/stretch.h"
 #include "platform/audio.h"
+#include "platform/store.h"
 #include "player_fixture.h"
 #include "sound/composition_prep.h"
 #include "sound/music_buffers.h"
@@ -194,6 +195,23 @@ TEST_F(PlayerTest, ATonicChosenHereReachesTheExplorationScreen) {
   EXPECT_EQ(gCurrFormId, kFormMainOperations);
   EXPECT_TRUE(ctl("cMnuW1").checked());
   EXPECT_EQ(messageTexts(), Names{});
+}
+
+// Every composition of the library can be shown on the grid.
+TEST_F(PlayerTest, EveryCompositionOfTheLibraryFitsTheGrid) {
+  auto items = gDbA->openRecordset("Raga - Additional Information", platform::RecordsetType::Table);
+  int compositions = 0;
+  gCurrPhraseKind = 8;
+  for (items->moveFirst(); !items->eof(); items->moveNext()) {
+    if (items->field("Add Info Type").asInteger() != 2) continue;
+    gCurrRagaId = static_cast<std::int16_t>(items->field("Raga Index").asInteger());
+    gCurrCompName = items->field("Add Info").asText();
+    sDBToTCompData(1, static_cast<std::int32_t>(items->field("Notation Index").asInteger()));
+    EXPECT_EQ(fCompositionRefusal(), "");
+    ++compositions;
+  }
+  items->close();
+  EXPECT_GE(compositions, 138);
 }
 
 struct FaultRow {
