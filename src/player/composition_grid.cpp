@@ -41,9 +41,10 @@ constexpr float kTallestCellShare = 0.045f;
 constexpr float kEnglishFontShare = 0.7f;
 constexpr float kDevanagariFontShare = 0.62f;
 constexpr float kPixelsPerPoint = 96.0f / 72.0f;
-// A cell holds a syllable of six letters (or four quarter-beat notes) across
-// its width: about four ems in the syllables' font.
+// Across its width a syllable cell holds a syllable of six letters, about
+// four ems; a note cell four quarter-beat notes, about three ems.
 constexpr float kEmsAcrossCell = 4.2f;
+constexpr float kEmsAcrossNoteCell = 3.0f;
 // The sam, beat 1, is marked in the beat numbers: bold, in dark red.
 constexpr int kSamColor = 0x0000A0;
 
@@ -90,16 +91,16 @@ void sPlace(platform::Control& c, float left, float top, float width, float heig
 
 // The font size of a cell, in half points: as tall as the cell allows for
 // the script, and no wider than the cell's width allows.
-float fFontPoints(const platform::Control& cell, bool devanagari) {
+float fFontPoints(const platform::Control& cell, bool devanagari, float ems = kEmsAcrossCell) {
   const float share = devanagari ? kDevanagariFontShare : kEnglishFontShare;
-  const float pixels = std::min(cell.height() * share, cell.width() / kEmsAcrossCell);
+  const float pixels = std::min(cell.height() * share, cell.width() / ems);
   return std::max(6.0f, std::round(pixels / kPixelsPerPoint * 2) / 2);
 }
 
 // The note cell's font for the script in force, sized to its height.
 void sFitNoteFont(platform::Control& cell) {
   sAdjustFont(cell);
-  cell.setFontSize(fFontPoints(cell, gNotationScript == 1));
+  cell.setFontSize(fFontPoints(cell, gNotationScript == 1, kEmsAcrossNoteCell));
 }
 
 void sPlaceBeatNumbers(const GridMeasures& m) {
