@@ -88,6 +88,10 @@ extern std::string gMainSetName;
 extern std::int32_t gSynthVolume;
 extern std::int32_t gThekaInstrument;
 extern std::int16_t gCompPart;
+// Tonic id (1 to 12) last chosen in a Tonic Note menu: the Raga Exploration
+// screen and the composition player both set it, and the exploration screen
+// takes it up when the player hands a new tonic back.
+extern std::int16_t gTonicChoice;
 extern std::int32_t gDroneCycles;
 
 // Slider value to playing-speed factor; entries 0 and 18 stay 0.

@@ -2,7 +2,6 @@
 #include "exploration/exploration_state.h"
 
 std::int16_t gCurrAltType = 0;
-std::int16_t gTonicChoice = 0;
 std::int16_t gComparePick = 1;
 std::string gCurrNotation;
 std::string gLastLearnNotation;

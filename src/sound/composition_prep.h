@@ -18,3 +18,15 @@ std::string fComparisonCaption(std::size_t part);
 // captions, tala, starting beats, theka and beat counts. Leaves
 // gPrefetchMode at 2: every file is built before playing starts.
 void sPreprocCompDataFromT();
+
+// The most rows of the composition grid: eight cycles still read at the
+// smallest common desktop (1366x768) with the longest tala (16 beats).
+constexpr int kMaxGridRows = 8;
+
+// Why the composition at hand (kind 8, gCompInfo) cannot be played on its
+// grid, as the message that names it and what to do; "" when it can. A
+// present part is refused when its syllables and notes last different
+// numbers of matras, when a word has no length (or a length that is not a
+// positive number), when its starting beat is not a beat of its tala, or
+// when its notes run past the last of kMaxGridRows rows.
+std::string fCompositionRefusal();

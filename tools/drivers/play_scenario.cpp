@@ -11,6 +11,12 @@
 // it loops the first taan phrase in Learning and in Practice, and stops
 // each loop.
 //
+// With the argument "composition" it plays Yaman's composition in the
+// composition player instead: the Asthai in Learning at the fastest tempo,
+// looped for two rounds and a half and stopped, then a stretch of the
+// Antara (row 2, beats 1 to 8) in Practice at its own tempo. A mark is then the red cell's step to the next slot of
+// the grid, and a phrase's starts are its slots' times.
+//
 // Each line of the log is an event and its wall-clock time in seconds:
 //   mark <time> <buffer> <note> <token>   note <note> (1-based) of the
 //       buffer's phrase is marked; token is its synthesis token (its last
@@ -56,6 +62,20 @@ class Scenario {
  public:
   Scenario(ProgramHarness& program, const std::string& logFile)
       : p_(program), log_path_(logFile), log_(logFile) {}
+
+  // The run has ended when this control of this screen is enabled again.
+  void watchEndOf(const std::string& screen, const std::string& control) {
+    endScreen_ = screen;
+    endControl_ = control;
+  }
+
+  // Clicks a button of the screen watched, logged as a play (whose marks
+  // start afresh) or a stop.
+  void press(const std::string& control, const std::string& logged) {
+    line(logged);
+    if (logged.rfind("play", 0) == 0) lastMark_ = {-1, -1};
+    p_.fire(endScreen_, control, platform::EventKind::Click);
+  }
 
   void line(const std::string& what) {
     char time[32];
@@ -107,7 +127,7 @@ class Scenario {
     while (timer.elapsed() < ms) {
       QCoreApplication::processEvents(QEventLoop::AllEvents);
       watchMarks();
-      if (untilEnd && p_.screen("MainOperations").control("cNVIllusList").enabled()) {
+      if (untilEnd && p_.screen(endScreen_).control(endControl_).enabled()) {
         line("end");
         return;
       }
@@ -120,13 +140,21 @@ class Scenario {
     if (gFirstNoteOwed || gCurrBuffer < 0 || gCurrBuffer >= kMusicBufferCount) return;
     const MusicBuffer& buffer = gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)];
     const std::pair<int, int> mark{gCurrBuffer, buffer.CurrNote};
-    if (mark == lastMark_ || buffer.CurrNote < 1 || buffer.CurrNote > buffer.Count) return;
+    if (mark == lastMark_ || buffer.CurrNote < 1 || buffer.CurrNote > marks(buffer)) return;
     lastMark_ = mark;
     const std::size_t note = static_cast<std::size_t>(buffer.CurrNote - 1);
-    if (note >= buffer.NoteCodes.size()) return;
+    const bool onGrid = gCallbackContext == kContextComposition;
+    if (!onGrid && note >= buffer.NoteCodes.size()) return;
     line("mark " + std::to_string(mark.first) + " " + std::to_string(mark.second) + " " +
-         fGetFnameForCurrTonicNote(buffer.NoteCodes[note]));
+         (onGrid ? "slot" : fGetFnameForCurrTonicNote(buffer.NoteCodes[note])));
     if (mark.second == 1) logPhrase(buffer);
+  }
+
+  // What is marked in a buffer: its notes, or in the composition player the
+  // slots of the grid (a whole part's beats, or the stretch's slots).
+  static int marks(const MusicBuffer& buffer) {
+    if (gCallbackContext != kContextComposition) return buffer.Count;
+    return gCurrBuffer == 2 ? buffer.Count : buffer.BeatCount;
   }
 
   void logPhrase(const MusicBuffer& buffer) {
@@ -135,7 +163,7 @@ class Scenario {
     std::filesystem::copy_file(gWavFiles[static_cast<std::size_t>(gCurrBuffer)], copy,
                                std::filesystem::copy_options::overwrite_existing, ec);
     std::string starts;
-    for (int i = 0; i < buffer.Count && i < static_cast<int>(buffer.TimesMs.size()); ++i)
+    for (int i = 0; i < marks(buffer) && i < static_cast<int>(buffer.TimesMs.size()); ++i)
       starts += " " + std::to_string(buffer.TimesMs[static_cast<std::size_t>(i)]);
     line("phrase " + copy + starts);
   }
@@ -145,7 +173,32 @@ class Scenario {
   std::ofstream log_;
   int phrases_ = 0;
   std::pair<int, int> lastMark_{-1, -1};
+  std::string endScreen_ = "MainOperations";
+  std::string endControl_ = "cNVIllusList";
 };
+
+// Yaman's composition in the player: the Asthai looped, then a stretch.
+bool playComposition(ProgramHarness& p, Scenario& scenario) {
+  p.fire("MainOperations", "Option2", platform::EventKind::Click);
+  if (!scenario.play("Composition")) return false;
+  scenario.watchEndOf("PlayComposition1", "cPlay");
+  platform::Screen& player = p.screen("PlayComposition1");
+  player.control("cSlider").setValue(player.control("cSlider").maxValue());
+  scenario.press("cStartLoop", "play Asthai looped at the fastest tempo");
+  scenario.run(2500 + static_cast<long>(2 * 32 * 550 * gSpeedFactors[17]), false);
+  scenario.press("cStopLoop", "stop");
+  scenario.run(3000, true);
+  scenario.run(1500, false);
+  p.fire("PlayComposition1", "cAntara", platform::EventKind::Click);
+  p.fire("PlayComposition1", "cPractice", platform::EventKind::Click);
+  player.control("cSlider").setValue(9);
+  for (const auto& [field, value] : {std::pair{"cFRow", "2"}, {"cFBeat", "1"}, {"cTRow", "2"}, {"cTBeat", "8"}})
+    player.control(field).setText(value);
+  scenario.press("cPlay", "play Antara row 2 beats 1 to 8");
+  scenario.run(20000, true);
+  scenario.run(500, false);
+  return true;
+}
 
 }  // namespace
 
@@ -153,7 +206,7 @@ int main(int argc, char** argv) {
   if (qEnvironmentVariableIsEmpty("QT_QPA_PLATFORM")) qputenv("QT_QPA_PLATFORM", "offscreen");
   QApplication app(argc, argv);
   if (argc < 2) {
-    std::fprintf(stderr, "usage: nadavik_play_scenario MARKS_LOG\n");
+    std::fprintf(stderr, "usage: nadavik_play_scenario MARKS_LOG [composition]\n");
     return 2;
   }
   platform::QtScheduler scheduler;
@@ -170,6 +223,7 @@ int main(int argc, char** argv) {
   sSetupForCurrRaga();
   sMainOperations(0);
   if (notice.told) return 1;
+  if (argc > 2 && std::string(argv[2]) == "composition") return playComposition(p, scenario) ? 0 : 1;
 
   const bool played = scenario.play("Alap") && (scenario.run(120000, true), true) &&
                       scenario.play("Composition") && (scenario.run(120000, true), true) &&

@@ -53,6 +53,22 @@ void saveDemo(ProgramHarness& p, const std::string& out, const std::string& size
   }
 }
 
+// Yaman's first composition in the composition player, its Asthai playing
+// for three seconds, in English and in Devanagari.
+void saveCompositionPlayer(ProgramHarness& p, const std::string& out, const std::string& size) {
+  clickItem(p, "Composition - ");
+  for (const char* script : {"cMnuEng", "cMnuDev"}) {
+    p.fire("PlayComposition1", script, platform::EventKind::Click);
+    p.fire("PlayComposition1", "cPlay", platform::EventKind::Click);
+    p.clock().advance(3000);
+    save(p, "PlayComposition1", out + "/PlayComposition1-" +
+                                    (script[4] == 'D' ? "devanagari-" : "english-") + size + ".png");
+    p.fire("PlayComposition1", "cStop", platform::EventKind::Click);
+    p.clock().advance(500);
+  }
+  p.fire("PlayComposition1", "cReturn", platform::EventKind::Click);
+}
+
 // Maximises a screen's window as its maximise button would.
 void maximise(ProgramHarness& p, const std::string& screen) {
   p.fire(screen, "", platform::EventKind::Activate);
@@ -114,6 +130,7 @@ int main(int argc, char** argv) {
   p.fire("MainOperations", "Option2", platform::EventKind::Click);
   clickItem(p, "Alap");
   save(p, "MainOperations", out + "/MainOperations-learning-" + size + ".png");
+  saveCompositionPlayer(p, out, size);
   p.fire("MainOperations", "Option1", platform::EventKind::Click);
   maximise(p, "MainOperations");
   saveDemo(p, out, "max-" + desktopSize());
