@@ -62,7 +62,7 @@ void sGrpDispOptFrms(std::int16_t mask) {
   show("Frame2", mask == 1);
   show("Frame3", mask == 1);
   for (const char* option : {"Option3", "Option4", "Option5", "Option6", "Option7"})
-    ctl(option).setChecked(false);
+    ctl(option).setValue(0);
 }
 
 void setLabelsEnabled(bool on) {

@@ -421,8 +421,8 @@ void sRefine(bool higher) {
 
 void sApplyRefinement() {
   sRetuneNote();
-  ctl("Option6").setChecked(false);
-  ctl("Option7").setChecked(false);
+  ctl("Option6").setValue(0);
+  ctl("Option7").setValue(0);
   sListenToNote(1);
 }
 
