@@ -32,6 +32,7 @@
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
 #include "platform/qt/qt_window_system.h"
+#include "platform/store.h"
 #include "program_harness.h"
 #include "scales/scale_state.h"
 #include "store/lookups.h"
