@@ -106,8 +106,8 @@ int play(ProgramHarness& program, const std::string& store, const std::string& s
   std::printf("music_set %d tonic %d\n", gCurrMusicSetId, gCurrTonicNoteId);
   program.fire(screen, "Option1", EventKind::Click);  // Demo
   platform::Control& items = program.screen(screen).control("cNVIllusList");
-  for (int i = 0; i < items.listCount(); ++i)
-    if (items.list(i).rfind("Scale", 0) == 0) items.setListIndex(i);
+  items.setListIndex(0);  // the raga's scale: aroha and avroha
+  std::printf("playing %s\n", items.list(0).c_str());
   program.fire(screen, "cNVIllusList", EventKind::Click);
   waitFor([&] { return false; }, 500);
   waitFor([&] { return items.enabled(); }, 120000);
