@@ -47,5 +47,8 @@ void sBindScaleShiftingEvents(platform::Screen& screen) {
     gNotifyCode = static_cast<std::int16_t>(e.notifyCode);
     sPlayMusicFile(gCurrMusicFile);
   });
+  screen.on("", EventKind::QueryUnload, [](const Event& e) {
+    if (e.unloadMode == 0) sRestoreEntryScale();  // the user's close box
+  });
   sBindTraceMenuEvents(screen);
 }

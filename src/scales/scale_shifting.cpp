@@ -16,7 +16,9 @@
 // - A note that cannot be played, or seeds that cannot be built, give the
 //   keys and the pointer back at once instead of leaving the screen locked.
 // - Leaving puts back the music set in use on entry when it still exists
-//   (a user scale stays chosen), else the library scale of the entry tonic.
+//   (a user scale stays chosen), else the library scale of the entry tonic;
+//   the window's close box leaves the same way (it used to leave the scale
+//   being made in force for the whole program).
 // - Playing a scale leaves the keyboard setting of the other screens alone.
 // - A raga's scale or pakad asked for before a raga was chosen says so.
 // - Names are trimmed of blanks at both ends and may not be longer than
@@ -473,17 +475,22 @@ void sPlayRagaPhrase(std::int16_t kind) {
   armTimer(interval);
 }
 
-void sLeave() {
+// The music set (or tonic) of the entry back in force, its seeds rebuilt;
+// false after "Error Creating Note Seeds".
+bool fRestoreEntrySetting() {
   const std::optional<std::string> savedScale =
       gSavedMusicSetId > kLastBuiltInSetId ? fScaleNameOfId(gSavedMusicSetId) : std::nullopt;
   gCurrTonicNoteId = gSavedTonic;
   gCurrMusicSetId = savedScale ? gSavedMusicSetId : gSavedTonic;
   gCurrMusicSetName = savedScale ? *savedScale : "";
   gNotationScript = gSavedNotationScript;
-  if (fCreateNoteSeedsForUse() != 1) {
-    sShowMessage("Error Creating Note Seeds");
-    return;
-  }
+  if (fCreateNoteSeedsForUse() == 1) return true;
+  sShowMessage("Error Creating Note Seeds");
+  return false;
+}
+
+void sLeave() {
+  if (!fRestoreEntrySetting()) return;
   ctl("cTimer").setEnabled(false);
   sTerminateShiftScale();
 }
@@ -516,6 +523,12 @@ void sDeleteChosen() {
 }
 
 }  // namespace
+
+void sRestoreEntryScale() {
+  NV_PROC("sRestoreEntryScale");
+  ctl("cTimer").setEnabled(false);
+  fRestoreEntrySetting();
+}
 
 void sTerminateShiftScale() {
   NV_PROC("sTerminateShiftScale");

@@ -19,4 +19,7 @@ class Screen;
 // scale being refined. 19, 23 and others do nothing.
 void sShiftScale(std::int16_t event);
 void sTerminateShiftScale();
+// What leaving by the window's close box does before the screen unloads:
+// the music set and tonic of the entry back in force, as Go Back does.
+void sRestoreEntryScale();
 void sBindScaleShiftingEvents(platform::Screen& screen);

@@ -247,6 +247,9 @@ TEST_F(ScaleShiftingTest, ShiftsAtTheSlidersEndsAtTheOuterTonicsMakeWholeScales)
       EXPECT_EQ(tuningNames(stored().back().id).size(), 2u) << label;
     }
   EXPECT_EQ(stored().size(), 4u);
+  program.closeWindow("ScaleShifting");  // leaves as Go Back does
+  EXPECT_EQ(gCurrMusicSetId, 3);
+  EXPECT_EQ(gCurrTonicNoteId, 3);
 }
 
 TEST_F(ScaleShiftingTest, ASavedScaleOnTheExplorationScreenRetunesHarmoniumAndLabels) {
