@@ -15,7 +15,7 @@ trials="${1:-100}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
-kinds=(settings)
+kinds=(settings scales)
 
 # settings: the usage parameters the save alternates, in name order.
 stored_settings() {
@@ -24,8 +24,18 @@ stored_settings() {
      ('DelayC', 'DelayMO', 'DelayPC', 'DelayW', 'KeyboardDisplay', 'SortingMode')
      ORDER BY \"Parameter Name\")"
 }
-declare -A first_version=([settings]="100 100 100 100 1 4")
-declare -A second_version=([settings]="200 200 200 200 2 5")
+# scales: the scale "Crash Trial", redefined over and over: how many such
+# scales and tuning rows there are, its NewSPC and the first and last
+# correction of its main and drone rows.
+stored_scales() {
+  sqlite3 "$1" "SELECT (SELECT count(*) FROM \"Scale Shift Specs\" WHERE NPSetName = 'Crash Trial')
+    || ' ' || (SELECT count(*) FROM ONPR WHERE NPSetName = 'Crash Trial')
+    || ' ' || (SELECT NewSPC FROM \"Scale Shift Specs\" WHERE NPSetName = 'Crash Trial')
+    || ' ' || (SELECT \"00\" || ' ' || \"26\" FROM ONPR WHERE NPSetName = 'Crash Trial' AND InstrumentType = 1)
+    || ' ' || (SELECT \"00\" || ' ' || \"26\" FROM ONPR WHERE NPSetName = 'Crash Trial' AND InstrumentType = 2)"
+}
+declare -A first_version=([settings]="100 100 100 100 1 4" [scales]="1 2 100.5 0.5 0.5 0.25 0.25")
+declare -A second_version=([settings]="200 200 200 200 2 5" [scales]="1 2 101.5 1.5 1.5 1.25 1.25")
 
 work="$(mktemp -d /tmp/nadavik-crash.XXXXXX)"
 pid=""

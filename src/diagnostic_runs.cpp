@@ -8,6 +8,8 @@
 #include "control/parameters.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
+#include "scales/scale_sets.h"
+#include "sound/sound_state.h"
 #include "platform/qt/qt_screen.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
@@ -34,6 +36,18 @@ void setSettingsVersion(bool second) {
   gDelayC = gDelayMO = gDelayPC = gDelayW = second ? 200 : 100;
 }
 
+// The two versions of a user scale a scale save alternates between, each
+// stored as a redefinition of the scale "Crash Trial" (one transaction that
+// removes the old rows and writes the new ones): every value of the three
+// rows differs, and each is exact in a Single so that the check reads it
+// back as written.
+void setScaleVersion(bool second) {
+  gCurrTonicNoteId = 3;
+  gScaleShiftSpec = {12, 100.0f, second ? 101.5f : 100.5f};
+  gMainAdjust.fill(second ? 1.5f : 0.5f);
+  gDroneAdjust.fill(second ? 1.25f : 0.25f);
+}
+
 }  // namespace
 
 bool DiagnosticRun::isOption(const QString& word) {
@@ -49,11 +63,13 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
       const int id = word.mid(kLoopAlap.size()).toInt(&number);
       if (number && id > 0) return DiagnosticRun(Kind::LoopAlap, id);
     } else if (word.startsWith(kRepeatSaves)) {
-      if (word.mid(kRepeatSaves.size()) == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
+      const QString kind = word.mid(kRepeatSaves.size());
+      if (kind == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
+      if (kind == "scales") return DiagnosticRun(Kind::RepeatScaleSaves, 0);
     } else {
       continue;
     }
-    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings\n",
+    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|scales\n",
                  word.toLocal8Bit().constData());
     invalid = true;
     return std::nullopt;
@@ -63,6 +79,7 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
 
 void DiagnosticRun::start(platform::Screen& main) {
   if (kind_ == Kind::RepeatSaves) repeatSettingsSaves();
+  if (kind_ == Kind::RepeatScaleSaves) repeatScaleSaves();
   QTimer::singleShot(kGreetingMs, [this, &main] { enterExploration(main); });
 }
 
@@ -102,6 +119,15 @@ void DiagnosticRun::repeatSettingsSaves() {
   for (long saves = 1;; ++saves) {
     setSettingsVersion(saves % 2 == 0);
     sSaveUsageParameters();
+    std::printf("saved %ld\n", saves);
+    std::fflush(stdout);
+  }
+}
+
+void DiagnosticRun::repeatScaleSaves() {
+  for (long saves = 1;; ++saves) {
+    setScaleVersion(saves % 2 == 0);
+    fStoreScale("Crash Trial", true);
     std::printf("saved %ld\n", saves);
     std::fflush(stdout);
   }

@@ -10,7 +10,8 @@
 //                      between two known versions, and prints "saved N" on
 //                      standard output after each save that returned, so
 //                      that a kill -9 can land in the middle of a save.
-//                      KIND is one of kSaveKinds (settings so far).
+//                      KIND is settings (the usage parameters) or
+//                      scales (a user scale, redefined under its name).
 #pragma once
 
 #include <QString>
@@ -36,11 +37,12 @@ class DiagnosticRun {
   void start(platform::Screen& main);
 
  private:
-  enum class Kind { LoopAlap, RepeatSaves };
+  enum class Kind { LoopAlap, RepeatSaves, RepeatScaleSaves };
   DiagnosticRun(Kind kind, int ragaId) : kind_(kind), ragaId_(ragaId) {}
   void enterExploration(platform::Screen& main);
   void playAlapAgainWhenDone();
   [[noreturn]] void repeatSettingsSaves();
+  [[noreturn]] void repeatScaleSaves();
 
   Kind kind_;
   int ragaId_ = 0;

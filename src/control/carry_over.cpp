@@ -21,6 +21,7 @@
 #include "platform/screen.h"
 #include "platform/store.h"
 #include "store/lookups.h"
+#include "store/scale_ids.h"
 #include "store/schema_check.h"
 
 namespace {
@@ -249,8 +250,10 @@ class CarryOver {
   void carryScales() {
     const std::vector<Row> tunings = readRows(older_, kTunings);
     std::vector<Row> current = readRows(current_, kScales);
-    std::int64_t nextId = std::max(largest(current, "NPSetId", kLastLibrarySetId),
-                                   largest(readRows(current_, kTunings), "NPSetId", kLastLibrarySetId)) + 1;
+    // The rule of every new scale (store/scale_ids.h): one more than the
+    // largest id ever given here, so a carried scale never takes the id of
+    // one the user deleted.
+    std::int64_t nextId = fNextScaleId(current_);
     for (Row scale : readRows(older_, kScales)) {
       const std::int64_t olderId = scale.at("NPSetId").asInteger();
       std::int64_t id = nextId;
@@ -265,7 +268,7 @@ class CarryOver {
         else
           scale["NPSetName"] = Value(freeName(current, "NPSetName", scale.at("NPSetName").asText()));
       }
-      if (id == nextId) ++nextId;
+      if (id == nextId) sRecordScaleId(current_, nextId++);
       scale["NPSetId"] = Value(id);
       putRow(current_, kScales, {Value(id)}, scale);
       for (Row tuning : tunings) {
@@ -308,7 +311,7 @@ class CarryOver {
   void carryParameters() {
     for (Row row : readRows(older_, kParameters)) {
       Value& value = row["Parameter Value"];
-      if (value.isNull()) continue;
+      if (value.isNull() || lowered(row.at("Parameter Name").asText()) == "lastscaleid") continue;
       if (lowered(row.at("Parameter Name").asText()) == "currmusicsetid" && value.asInteger() > kLastLibrarySetId) {
         const auto carried = scaleIds_.find(value.asInteger());
         if (carried == scaleIds_.end()) continue;

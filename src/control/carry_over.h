@@ -8,7 +8,10 @@
 //   notation rows: a carried composition gets the next free "Notation Index"
 //   of the current store.
 // - Scales ("Scale Shift Specs" with their "ONPR" rows): a carried scale gets
-//   one more than the largest set id in use, so no id is ever given twice.
+//   one more than the largest set id ever given in the current store (its
+//   high-water mark, store/scale_ids.h), as a new scale does, so no id is
+//   ever given twice, not even that of a scale deleted before. The older
+//   store's mark is not carried: the current store keeps its own.
 // - Patterns ("User Patterns"): a carried pattern gets the next free id.
 // - Phrases ("Raga - ALT Phrases", one row of comma-separated phrases per
 //   raga and kind): the older phrases the current row lacks are added to it,

@@ -18,6 +18,7 @@
 #include "core/session.h"
 #include "platform/store.h"
 #include "recording_window_system.h"
+#include "store/scale_ids.h"
 #include "store/schema_check.h"
 
 namespace {
@@ -170,6 +171,19 @@ TEST_F(CarryOverTest, CarriesEverythingUnderFreeIdsAndResolvesClashesAsChosen) {
     parameter->seek("=", {"DelayMO"});
     EXPECT_EQ(parameter->field("Parameter Value").asText(), "0") << "carried as this version reads it";
   }
+}
+
+// A scale deleted here keeps its id from being given again: carried scales
+// take the ids after the highest ever given here, and the older store's own
+// mark is not carried.
+TEST_F(CarryOverTest, ACarriedScaleTakesNoIdEverGivenHere) {
+  gDbB->execute(R"(INSERT INTO "User Parameters" VALUES ('LastScaleId', '20');)");
+  fCarryOverUserData(older(std::string(kOlderRows) +
+                           R"(INSERT INTO "User Parameters" VALUES ('LastScaleId', '99');)"),
+                     {[](const std::string&) { return ClashChoice::KeepBoth; }, true});
+  EXPECT_EQ(rows("Scale Shift Specs", {"NPSetId", "NPSetName"}),
+            (Rows{"13|Mine", "21|Mine (2)", "22|Other"}));
+  EXPECT_EQ(fNextScaleId(*gDbB), 23);
 }
 
 // Files that cannot be carried over are named in one message, and the
