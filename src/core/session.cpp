@@ -34,6 +34,9 @@ std::int16_t gCurrPhraseKind = 0;
 std::int32_t gCurrCompIndex = 0;
 std::string gCurrCompName;
 std::int16_t gCurrMode = 1;
+std::int16_t gTonicChoice = 0;
+std::string gSelPhrase;
+std::string gSelDurPhrase;
 
 std::int16_t gKeyboardDisplay = 1;
 std::int16_t gNotationScript = 1;

@@ -58,6 +58,11 @@ extern std::int16_t gCurrPhraseKind;    // 1 aroha .. 9 film song
 extern std::int32_t gCurrCompIndex;
 extern std::string gCurrCompName;
 extern std::int16_t gCurrMode;          // 1 Demo, 2 Learning, 3 Practice
+extern std::int16_t gTonicChoice;       // tonic id chosen in a Tonic Note menu, 1 to 12
+// The selected phrase of a screen played as one phrase through the chain
+// (the quiz's sample, the workbench's pattern), notes and durations.
+extern std::string gSelPhrase;
+extern std::string gSelDurPhrase;
 
 // Display choices.
 extern std::int16_t gKeyboardDisplay;   // 1 show, 2 hide

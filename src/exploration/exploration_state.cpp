@@ -2,7 +2,6 @@
 #include "exploration/exploration_state.h"
 
 std::int16_t gCurrAltType = 0;
-std::int16_t gTonicChoice = 0;
 std::int16_t gComparePick = 1;
 std::string gCurrNotation;
 std::string gLastLearnNotation;
@@ -12,5 +11,3 @@ std::int16_t gUserItemsShown = 0;
 std::int16_t gUserScalesShown = 0;
 std::int16_t gModeFrameShown = 0;
 std::string gComparedRagaName;
-std::string gSelPhrase;
-std::string gSelDurPhrase;

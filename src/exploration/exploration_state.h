@@ -7,7 +7,6 @@
 #include <string>
 
 extern std::int16_t gCurrAltType;        // 6 scale, 7 pakad, 1 alap, 2 layakari, 3 taan, 5 composition
-extern std::int16_t gTonicChoice;        // tonic id chosen in the Tonic Note menu, 1 to 12
 extern std::int16_t gComparePick;        // 1 or 2: which raga of a comparison to replay
 extern std::string gCurrNotation;        // the notation box's text at the last Play
 extern std::string gLastLearnNotation;   // notation and slider value of the last Learning set-up
@@ -18,6 +17,3 @@ extern std::int16_t gUserScalesShown;    // -1 when there are user-defined scale
 extern std::int16_t gModeFrameShown;     // always -1 once the screen is open
 extern std::string gComparedRagaName;    // the other raga of a comparison
 
-// The selected phrase of another screen played through the chain.
-extern std::string gSelPhrase;
-extern std::string gSelDurPhrase;
