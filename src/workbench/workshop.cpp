@@ -192,9 +192,13 @@ void sSetUpForWBModeLoop() {
 
 namespace {
 
-// Event 1: a mode chosen. (What the last mode left on show goes first.)
+// Event 1: a mode chosen. What the last mode left on show goes first, and
+// its pattern with it: a pattern is chosen anew over the new notes (setting
+// cOLearn in mode 3 raises its click, which would otherwise play the last
+// mode's pattern over a raga not yet chosen).
 void sModeChosen() {
   sHideDetails();
+  gPatternSource = 0;
   switch (gWBMode) {
     case 1:
       sInitScaleNotes();
