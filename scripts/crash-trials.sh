@@ -15,7 +15,7 @@ trials="${1:-100}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
-kinds=(settings)
+kinds=(settings patterns)
 
 # settings: the usage parameters the save alternates, in name order.
 stored_settings() {
@@ -24,8 +24,17 @@ stored_settings() {
      ('DelayC', 'DelayMO', 'DelayPC', 'DelayW', 'KeyboardDisplay', 'SortingMode')
      ORDER BY \"Parameter Name\")"
 }
-declare -A first_version=([settings]="100 100 100 100 1 4")
-declare -A second_version=([settings]="200 200 200 200 2 5")
+# patterns: the last pattern saved, or "mixture" when any row holds parts of
+# both versions.
+stored_patterns() {
+  sqlite3 -separator ' ' "$1" "SELECT CASE WHEN EXISTS (SELECT 1 FROM \"User Patterns\"
+    WHERE NOT ((\"PatternMode\" = 1 AND \"PatternPhrase\" = 'BUC1') OR
+               (\"PatternMode\" = 2 AND \"PatternPhrase\" = 'BUJ2lDJ1')))
+    THEN 'mixture' ELSE (SELECT \"PatternPhrase\" || ' ' || \"PatternMode\"
+    FROM \"User Patterns\" ORDER BY rowid DESC LIMIT 1) END"
+}
+declare -A first_version=([settings]="100 100 100 100 1 4" [patterns]="BUC1 1")
+declare -A second_version=([settings]="200 200 200 200 2 5" [patterns]="BUJ2lDJ1 2")
 
 work="$(mktemp -d /tmp/nadavik-crash.XXXXXX)"
 pid=""

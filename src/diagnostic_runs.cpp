@@ -11,6 +11,7 @@
 #include "platform/qt/qt_screen.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "workbench/user_patterns.h"
 
 namespace {
 
@@ -50,10 +51,11 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
       if (number && id > 0) return DiagnosticRun(Kind::LoopAlap, id);
     } else if (word.startsWith(kRepeatSaves)) {
       if (word.mid(kRepeatSaves.size()) == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
+      if (word.mid(kRepeatSaves.size()) == "patterns") return DiagnosticRun(Kind::RepeatPatternSaves, 0);
     } else {
       continue;
     }
-    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings\n",
+    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|patterns\n",
                  word.toLocal8Bit().constData());
     invalid = true;
     return std::nullopt;
@@ -63,6 +65,7 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
 
 void DiagnosticRun::start(platform::Screen& main) {
   if (kind_ == Kind::RepeatSaves) repeatSettingsSaves();
+  if (kind_ == Kind::RepeatPatternSaves) repeatPatternSaves();
   QTimer::singleShot(kGreetingMs, [this, &main] { enterExploration(main); });
 }
 
@@ -102,6 +105,21 @@ void DiagnosticRun::repeatSettingsSaves() {
   for (long saves = 1;; ++saves) {
     setSettingsVersion(saves % 2 == 0);
     sSaveUsageParameters();
+    std::printf("saved %ld\n", saves);
+    std::fflush(stdout);
+  }
+}
+
+// Each save is a new pattern under a name of this run's own: odd saves the
+// first version ("BUC1", One Time), even saves the second ("BUJ2lDJ1",
+// Series). crash-trials.sh checks that every row is one whole version and
+// that the last row is the last save that returned, or the one under way.
+void DiagnosticRun::repeatPatternSaves() {
+  const std::string run = std::to_string(QCoreApplication::applicationPid());
+  for (long saves = 1;; ++saves) {
+    const bool second = saves % 2 == 0;
+    fAddUserPattern("Trial " + run + " " + std::to_string(saves), second ? "BUJ2lDJ1" : "BUC1",
+                    second ? 2 : 1);
     std::printf("saved %ld\n", saves);
     std::fflush(stdout);
   }

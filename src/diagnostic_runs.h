@@ -10,7 +10,9 @@
 //                      between two known versions, and prints "saved N" on
 //                      standard output after each save that returned, so
 //                      that a kill -9 can land in the middle of a save.
-//                      KIND is one of kSaveKinds (settings so far).
+//                      KIND is "settings" (the usage parameters) or
+//                      "patterns" (a workbench pattern of the user's, a new
+//                      one each time, of one of two versions by turn).
 #pragma once
 
 #include <QString>
@@ -36,11 +38,12 @@ class DiagnosticRun {
   void start(platform::Screen& main);
 
  private:
-  enum class Kind { LoopAlap, RepeatSaves };
+  enum class Kind { LoopAlap, RepeatSaves, RepeatPatternSaves };
   DiagnosticRun(Kind kind, int ragaId) : kind_(kind), ragaId_(ragaId) {}
   void enterExploration(platform::Screen& main);
   void playAlapAgainWhenDone();
   [[noreturn]] void repeatSettingsSaves();
+  [[noreturn]] void repeatPatternSaves();
 
   Kind kind_;
   int ragaId_ = 0;
