@@ -32,8 +32,9 @@ void sBindWorkshopEvents(platform::Screen& screen);
 // The set-up of the pattern for Learning or Practice: source 1 takes
 // gSelPhrase (and shows it in cCurrentItem), source 2 the text of
 // cCurrentItem, which the user may have changed in Practice. Split at ":"
-// into segments, timed and built into the first buffer's file. A failure
-// is told and leaves gPlaySet empty (Count 0).
+// into segments, a long segment cut into files of a few notes that play
+// back to back, timed, and the first file built. A failure is told and
+// leaves gPlaySet empty (Count 0).
 void sSetUpForWorkbenchModeIllustrations(std::int16_t source);
 // Before a loop of Practice starts again: the first segment built anew.
 void sSetUpForWBModeLoop();

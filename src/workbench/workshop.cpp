@@ -60,6 +60,7 @@ constexpr std::int16_t kLearning = 2;
 constexpr std::int16_t kPractice = 3;
 constexpr std::int16_t kWorkbenchDurationKind = 10;
 constexpr std::int32_t kLoopDrone = 2;  // FWavGenerateDroneFile: a seamless loop
+constexpr std::size_t kNotesPerFile = 8;
 
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
@@ -106,18 +107,34 @@ std::string fBoxTextInEnglish(const std::string& text) {
   return fJoinWords(words, " ");
 }
 
+// The phrases a pattern plays as: its ":" segments (Practice's passes), a
+// segment longer than kNotesPerFile notes cut into pieces of that many.
+// Each phrase is one wave file, and the chain plays them without a break,
+// so the cut is not heard; it lets the first file, built before the first
+// note sounds, stay short however long the pattern (a long pattern as one
+// file took a fifth of a second to start), and keeps every phrase within
+// the 500 notes one buffer holds.
 std::vector<std::string> fSegments(const std::string& text) {
-  std::vector<std::string> segments;
-  std::string segment;
-  for (char c : text + ":") {
-    if (c != ':') {
-      segment += c;
-      continue;
+  std::vector<std::string> phrases;
+  std::vector<std::string> words;
+  auto endPhrase = [&] {
+    if (!words.empty()) phrases.push_back(fJoinWords(words, " "));
+    words.clear();
+  };
+  for (const std::string& word : fPhraseWords(text)) {
+    std::string note;
+    for (char c : word + " ") {
+      if (c != ':' && c != ' ') {
+        note += c;
+        continue;
+      }
+      if (!note.empty()) words.push_back(note);
+      note.clear();
+      if (c == ':' || words.size() == kNotesPerFile) endPhrase();
     }
-    if (!fPhraseWords(segment).empty()) segments.push_back(fJoinWords(fPhraseWords(segment), " "));
-    segment.clear();
   }
-  return segments;
+  endPhrase();
+  return phrases;
 }
 
 // The timing the pattern's notes take: the raga's own for its aroha-avroha
@@ -127,18 +144,6 @@ std::string fPatternTiming(const std::string& text) {
   if (ownPhrase && gStdPatternIndex == 0) return fGetFromT_ScalePhraseUnSeg(kDurations);
   if (ownPhrase && gStdPatternIndex == 1) return fGetFromT_PakadPhraseUnSeg(kDurations);
   return fCreateDurationPhrase(fRemoveColons(text), kWorkbenchDurationKind);
-}
-
-bool fSegmentsFitBuffer(const std::vector<std::string>& segments) {
-  for (const std::string& segment : segments) {
-    const std::size_t words = fPhraseWords(segment).size();
-    if (words < static_cast<std::size_t>(kParseMaxWords)) continue;
-    sShowMessage("The pattern gives " + std::to_string(words) +
-                 " notes in one run, more than the 500 that can be played at once. Please select a "
-                 "shorter pattern, or play it in Practice mode, which plays one pass at a time.");
-    return false;
-  }
-  return true;
 }
 
 // Whether the user changed the notation box since it was shown.
@@ -164,7 +169,7 @@ void sSetUpForWorkbenchModeIllustrations(std::int16_t source) {
     text = gWBNotation;
   }
   const std::vector<std::string> segments = fSegments(text);
-  if (segments.empty() || !fSegmentsFitBuffer(segments)) return;
+  if (segments.empty()) return;
   const std::vector<std::string> timing =
       fPhraseWords(fFactorTimingScript(fPatternTiming(text), fCurrSliderValue()));
   std::size_t next = 0;
@@ -346,11 +351,10 @@ void sJudgeQuizAnswer(const std::string& note) {
 
 // Key action 2: the clicked note is heard, in single plays only.
 void sClickedNoteHeard() {
-  if (fDevicePlaying() || gCurrMode != 1) return;
+  const std::int32_t id = gLabelIndex + 3 - gCurrTonicNoteId;
+  if (fDevicePlaying() || gCurrMode != 1 || id < 0 || id >= kNoteCount) return;
   sCaptureMenuBarItemStatus();
   sDisableF13Selections();
-  const std::int32_t id = gLabelIndex + 3 - gCurrTonicNoteId;
-  if (id < 0 || id >= kNoteCount) return;
   gSelPhrase = gNoteEng[static_cast<std::size_t>(id)];
   gSelDurPhrase = std::to_string(gNoteLength);
   sJudgeQuizAnswer(gSelPhrase);
