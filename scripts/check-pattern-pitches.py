@@ -12,7 +12,8 @@ the note's length (the sound server's output lags the device's start by
 0.1 to 0.2 s, so the note's first part would catch the note before): the
 spectrum at candidate fundamentals 80-1000 Hz (harmonics 1 to 3, Goertzel),
 less each candidate's median over the pattern's notes, which takes out the
-drone that sounds under every note. The pitch found for each note, in
+drone that sounds under every note; a candidate an octave or a twelfth
+below the best that scores nearly as well is taken instead. The pitch found for each note, in
 semitones above that of the pattern's first note, must equal the expected
 interval (from the note numbers) to within half a semitone, or within
 an octave's error (reported apart). Exits 1 when a note is wrong.
@@ -82,7 +83,16 @@ def main():
         found = []
         for s in spectra:
             residue = [v - m for v, m in zip(s, medians)]
-            found.append(freqs[max(range(len(freqs)), key=residue.__getitem__)])
+            best = max(range(len(freqs)), key=residue.__getitem__)
+            # A reed's strong upper partials can outscore its fundamental:
+            # a candidate an octave or a twelfth below that scores nearly as
+            # well is the note.
+            for divisor in (3, 2):
+                below = min(range(len(freqs)), key=lambda i: abs(freqs[i] - freqs[best] / divisor))
+                if abs(freqs[below] * divisor / freqs[best] - 1) < 0.02 and residue[below] >= 0.6 * residue[best]:
+                    best = below
+                    break
+            found.append(freqs[best])
         base_f, base_n = found[0], pattern["notes"][0][2]
         print("%s: %d notes, first note %.1f Hz" % (pattern["name"], len(found), base_f))
         for (start_ms, _, number, name), f in zip(pattern["notes"], found):

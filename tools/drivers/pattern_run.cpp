@@ -12,7 +12,8 @@
 //
 // Each line of the log: "pattern <name> <wall-clock seconds when the device
 // started playing>", followed by one "note <start ms> <length ms>
-// <absolute note number> <note>" line per note of the pattern's file.
+// <absolute note number> <note>" line per note of the pattern, over all the
+// files it plays as.
 #include <time.h>
 
 #include <QApplication>
@@ -23,7 +24,7 @@
 #include <string>
 
 #include "core/session.h"
-#include "keyboard/reed_marks.h"
+#include "notation/tokenizer.h"
 #include "notation/vocabulary.h"
 #include "platform/audio.h"
 #include "platform/qt/qt_audio.h"
@@ -67,15 +68,18 @@ class PatternRun {
     const double started = wallSeconds();
     if (!playing()) return false;
     log_ << "pattern " << name << " " << std::fixed << started << "\n";
-    const MusicBuffer& buffer = gMusicBuffers[0];
     long start = 0;
-    for (int i = 0; i < buffer.Count; ++i) {
-      const auto n = static_cast<std::size_t>(i);
-      const std::int16_t id = fMainNoteOfCode(buffer.NoteCodes[n]);
-      log_ << "note " << start << " " << buffer.DurationsMs[n] << " "
-           << fGetAbsoluteNoteNumber(id, gCurrTonicNoteId) << " "
-           << (id >= 0 && id < kNoteCount ? gNoteEng[static_cast<std::size_t>(id)] : "?") << "\n";
-      start += buffer.DurationsMs[n];
+    for (std::size_t phrase = 0; phrase < gPracticeSet.NotePhrases.size(); ++phrase) {
+      const auto notes = fSplitWords(gPracticeSet.NotePhrases[phrase], " ");
+      const auto durations = fSplitWords(gPracticeSet.DurPhrases[phrase], " ");
+      for (std::size_t i = 0; i < notes.size() && i < durations.size(); ++i) {
+        const std::string main = notes[i].substr(notes[i].find('\'') + 1);
+        const long ms = 10 * std::stol(durations[i]);
+        log_ << "note " << start << " " << ms << " "
+             << fGetAbsoluteNoteNumber(std::stoi(fGetFnameForNote(main)), gCurrTonicNoteId) << " "
+             << notes[i] << "\n";
+        start += ms;
+      }
     }
     for (int wait = 0; wait < 600 && playing(); ++wait) run(100);
     run(800);
