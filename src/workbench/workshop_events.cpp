@@ -97,14 +97,19 @@ void bindPlaying(platform::Screen& s) {
   onClick(s, "cStop", [] { raise(22); });
   onClick(s, "cStopLoop", [] { gLooping = false; raise(22); });
   onClick(s, "cReturn", [] { raise(20); });
+  // A notification that arrives once the screen has been left (its close
+  // box stops what sounds) has nothing left to do.
   s.on("cMM", EventKind::Done, [](const Event& e) {
+    if (gCurrFormId != kFormWorkshop) return;
     gNotifyCode = static_cast<std::int16_t>(e.notifyCode);
     if (gWBPlayKind == 1)
       sPlayMusicFile1(gCurrMusicFile);
     else
       sPlayMusicFile(gCurrMusicFile);
   });
-  s.on("cMM", EventKind::Status, [](const Event&) { raise(23); });
+  s.on("cMM", EventKind::Status, [](const Event&) {
+    if (gCurrFormId == kFormWorkshop) raise(23);
+  });
   // The close box: whatever sounds stops with the screen.
   s.on("", EventKind::QueryUnload, [](const Event&) {
     gLooping = false;
