@@ -110,12 +110,13 @@ void bindPlaying(platform::Screen& s) {
   s.on("cMM", EventKind::Status, [](const Event&) {
     if (gCurrFormId == kFormWorkshop) raise(23);
   });
-  // The close box: whatever sounds stops with the screen.
-  s.on("", EventKind::QueryUnload, [](const Event&) {
+  // The close box (and Go Back, which unloads the screen once its parent
+  // is current): whatever sounds stops with the screen.
+  s.on("", EventKind::QueryUnload, [&s](const Event&) {
     gLooping = false;
     gPlaySet.Position = static_cast<std::int16_t>(gPlaySet.LastPhrase + 1);
-    gCurrForm->control("cTimer1").setEnabled(false);
-    gCurrForm->control("cMM").device().command("Stop");
+    s.control("cTimer1").setEnabled(false);
+    s.control("cMM").device().command("Stop");
   });
 }
 

@@ -312,8 +312,13 @@ TEST_F(WorkshopTest, TheNoteQuizDrawsByKindAndJudgesTheKeyClicked) {
   EXPECT_EQ(messages(), std::vector<std::string>{});
 }
 
-TEST_F(WorkshopTest, MeendPlaysBothNotesAndTheGlide) {
+// At another tonic the keys' labels move with it: the glide's notes are
+// still found by the notes they name.
+TEST_F(WorkshopTest, MeendPlaysBothNotesAndTheGlideAtAnyTonic) {
   click("cMajorScale");
+  click("cMnuW4");
+  EXPECT_EQ(gCurrTonicNoteId, 7);
+  EXPECT_TRUE(label(kPlaceOfSa).visible() && !label(kPlaceOfSa + 1).visible());
   click("cMnuMeePat");
   EXPECT_EQ(ctl("Label10").caption(), "Meend Pattern Demo - select first note");
   clickKey(5);
