@@ -749,7 +749,8 @@ void sInitWorkshop() {
   gBaseMatraMs = 70;
   gCurrPhraseKind = 10;
   gWBPlayKind = 2;
-  gGraceNotes = 2;
+  // The grace-note choice stays the learner's, as the session holds it:
+  // setting it here would change it for every other screen too.
   gMenuBarItemStatus.fill(true);
   sEnterForm(kFormWorkshop);
   ctl("cMnuDev").setVisible(gDevnagariOk == kTrue);
