@@ -15,7 +15,7 @@ trials="${1:-100}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
-kinds=(settings scales)
+kinds=(settings scales patterns)
 
 # settings: the usage parameters the save alternates, in name order.
 stored_settings() {
@@ -34,8 +34,17 @@ stored_scales() {
     || ' ' || (SELECT \"00\" || ' ' || \"26\" FROM ONPR WHERE NPSetName = 'Crash Trial' AND InstrumentType = 1)
     || ' ' || (SELECT \"00\" || ' ' || \"26\" FROM ONPR WHERE NPSetName = 'Crash Trial' AND InstrumentType = 2)"
 }
-declare -A first_version=([settings]="100 100 100 100 1 4" [scales]="1 2 100.5 0.5 0.5 0.25 0.25")
-declare -A second_version=([settings]="200 200 200 200 2 5" [scales]="1 2 101.5 1.5 1.5 1.25 1.25")
+# patterns: the last pattern saved, or "mixture" when any row holds parts of
+# both versions.
+stored_patterns() {
+  sqlite3 -separator ' ' "$1" "SELECT CASE WHEN EXISTS (SELECT 1 FROM \"User Patterns\"
+    WHERE NOT ((\"PatternMode\" = 1 AND \"PatternPhrase\" = 'BUC1') OR
+               (\"PatternMode\" = 2 AND \"PatternPhrase\" = 'BUJ2lDJ1')))
+    THEN 'mixture' ELSE (SELECT \"PatternPhrase\" || ' ' || \"PatternMode\"
+    FROM \"User Patterns\" ORDER BY rowid DESC LIMIT 1) END"
+}
+declare -A first_version=([settings]="100 100 100 100 1 4" [scales]="1 2 100.5 0.5 0.5 0.25 0.25" [patterns]="BUC1 1")
+declare -A second_version=([settings]="200 200 200 200 2 5" [scales]="1 2 101.5 1.5 1.5 1.25 1.25" [patterns]="BUJ2lDJ1 2")
 
 work="$(mktemp -d /tmp/nadavik-crash.XXXXXX)"
 pid=""

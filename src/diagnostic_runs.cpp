@@ -13,6 +13,7 @@
 #include "platform/qt/qt_screen.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "workbench/user_patterns.h"
 
 namespace {
 
@@ -66,10 +67,11 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
       const QString kind = word.mid(kRepeatSaves.size());
       if (kind == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
       if (kind == "scales") return DiagnosticRun(Kind::RepeatScaleSaves, 0);
+      if (kind == "patterns") return DiagnosticRun(Kind::RepeatPatternSaves, 0);
     } else {
       continue;
     }
-    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|scales\n",
+    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|scales|patterns\n",
                  word.toLocal8Bit().constData());
     invalid = true;
     return std::nullopt;
@@ -80,6 +82,7 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
 void DiagnosticRun::start(platform::Screen& main) {
   if (kind_ == Kind::RepeatSaves) repeatSettingsSaves();
   if (kind_ == Kind::RepeatScaleSaves) repeatScaleSaves();
+  if (kind_ == Kind::RepeatPatternSaves) repeatPatternSaves();
   QTimer::singleShot(kGreetingMs, [this, &main] { enterExploration(main); });
 }
 
@@ -128,6 +131,21 @@ void DiagnosticRun::repeatScaleSaves() {
   for (long saves = 1;; ++saves) {
     setScaleVersion(saves % 2 == 0);
     fStoreScale("Crash Trial", true);
+    std::printf("saved %ld\n", saves);
+    std::fflush(stdout);
+  }
+}
+
+// Each save is a new pattern under a name of this run's own: odd saves the
+// first version ("BUC1", One Time), even saves the second ("BUJ2lDJ1",
+// Series). crash-trials.sh checks that every row is one whole version and
+// that the last row is the last save that returned, or the one under way.
+void DiagnosticRun::repeatPatternSaves() {
+  const std::string run = std::to_string(QCoreApplication::applicationPid());
+  for (long saves = 1;; ++saves) {
+    const bool second = saves % 2 == 0;
+    fAddUserPattern("Trial " + run + " " + std::to_string(saves), second ? "BUJ2lDJ1" : "BUC1",
+                    second ? 2 : 1);
     std::printf("saved %ld\n", saves);
     std::fflush(stdout);
   }

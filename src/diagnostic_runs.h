@@ -10,8 +10,11 @@
 //                      between two known versions, and prints "saved N" on
 //                      standard output after each save that returned, so
 //                      that a kill -9 can land in the middle of a save.
-//                      KIND is settings (the usage parameters) or
-//                      scales (a user scale, redefined under its name).
+//                      KIND is settings (the usage parameters),
+//                      scales (a user scale, redefined under its name)
+//                      or patterns (a workbench pattern of the user's,
+//                      a new one each time, of one of two versions by
+//                      turn).
 #pragma once
 
 #include <QString>
@@ -37,12 +40,13 @@ class DiagnosticRun {
   void start(platform::Screen& main);
 
  private:
-  enum class Kind { LoopAlap, RepeatSaves, RepeatScaleSaves };
+  enum class Kind { LoopAlap, RepeatSaves, RepeatScaleSaves, RepeatPatternSaves };
   DiagnosticRun(Kind kind, int ragaId) : kind_(kind), ragaId_(ragaId) {}
   void enterExploration(platform::Screen& main);
   void playAlapAgainWhenDone();
   [[noreturn]] void repeatSettingsSaves();
   [[noreturn]] void repeatScaleSaves();
+  [[noreturn]] void repeatPatternSaves();
 
   Kind kind_;
   int ragaId_ = 0;

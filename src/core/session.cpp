@@ -34,6 +34,8 @@ std::int16_t gCurrPhraseKind = 0;
 std::int32_t gCurrCompIndex = 0;
 std::string gCurrCompName;
 std::int16_t gCurrMode = 1;
+std::string gSelPhrase;
+std::string gSelDurPhrase;
 
 std::int16_t gKeyboardDisplay = 1;
 std::int16_t gNotationScript = 1;
@@ -61,6 +63,7 @@ std::int32_t gSynthVolume = 1;
 std::int32_t gThekaInstrument = 4;
 std::int16_t gCompPart = 1;
 std::int16_t gTonicChoice = 0;
+std::int16_t gLabelIndex = 0;
 std::int32_t gDroneCycles = 2;
 
 // A fixed table, the same for the whole run, so it is set here rather than

@@ -58,6 +58,10 @@ extern std::int16_t gCurrPhraseKind;    // 1 aroha .. 9 film song
 extern std::int32_t gCurrCompIndex;
 extern std::string gCurrCompName;
 extern std::int16_t gCurrMode;          // 1 Demo, 2 Learning, 3 Practice
+// The selected phrase of a screen played as one phrase through the chain
+// (the quiz's sample, the workbench's pattern), notes and durations.
+extern std::string gSelPhrase;
+extern std::string gSelDurPhrase;
 
 // Display choices.
 extern std::int16_t gKeyboardDisplay;   // 1 show, 2 hide
@@ -89,9 +93,12 @@ extern std::int32_t gSynthVolume;
 extern std::int32_t gThekaInstrument;
 extern std::int16_t gCompPart;
 // Tonic id (1 to 12) last chosen in a Tonic Note menu: the Raga Exploration
-// screen and the composition player both set it, and the exploration screen
+// screen, the composition player and the workbench set it, and the exploration screen
 // takes it up when the player hands a new tonic back.
 extern std::int16_t gTonicChoice;
+// The key label (cL, a reed number) just clicked on a screen that takes
+// notes from the keyboard's labels: the workbench and the scale shifting.
+extern std::int16_t gLabelIndex;
 extern std::int32_t gDroneCycles;
 
 // Slider value to playing-speed factor; entries 0 and 18 stay 0.

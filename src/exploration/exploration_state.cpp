@@ -11,5 +11,3 @@ std::int16_t gUserItemsShown = 0;
 std::int16_t gUserScalesShown = 0;
 std::int16_t gModeFrameShown = 0;
 std::string gComparedRagaName;
-std::string gSelPhrase;
-std::string gSelDurPhrase;

@@ -17,6 +17,3 @@ extern std::int16_t gUserScalesShown;    // -1 when there are user-defined scale
 extern std::int16_t gModeFrameShown;     // always -1 once the screen is open
 extern std::string gComparedRagaName;    // the other raga of a comparison
 
-// The selected phrase of another screen played through the chain.
-extern std::string gSelPhrase;
-extern std::string gSelDurPhrase;

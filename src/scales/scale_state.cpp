@@ -4,7 +4,6 @@
 std::int16_t gScaleState = kIdentifyTonic;
 std::int16_t gScaleListUse = kListsScales;
 NamingFor gNamingFor = NamingFor::NewScale;
-std::int16_t gLabelIndex = 0;
 std::int16_t gPlayedLabel = 0;
 std::int16_t gPrevLabel = -1;
 std::int16_t gSavedNotationScript = 2;

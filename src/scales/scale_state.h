@@ -1,6 +1,7 @@
 // The session values of the ScaleShifting screen, kept for the process.
 #pragma once
 
+#include "core/session.h"  // gLabelIndex
 #include <array>
 #include <cstdint>
 #include <string>
@@ -21,7 +22,6 @@ extern std::int16_t gScaleListUse;
 enum class NamingFor { NewScale, Rename };
 extern NamingFor gNamingFor;
 
-extern std::int16_t gLabelIndex;   // the key label just clicked (a reed number)
 extern std::int16_t gPlayedLabel;  // the reed of the note being worked on
 extern std::int16_t gPrevLabel;    // the label last marked; -1 for none
 extern std::int16_t gSavedNotationScript;

@@ -14,7 +14,7 @@
 #include <string>
 
 #include "core/random.h"
-#include "exploration/exploration_state.h"
+#include "core/session.h"
 #include "platform/audio.h"
 #include "platform/qt/qt_audio.h"
 #include "platform/qt/qt_scheduler.h"
