@@ -72,9 +72,10 @@ TEST_F(RenderTest, LengthAndLoudnessFollowDurationsLevelAndDroneMix) {
   const auto loud = render(3, "12 1416  14", "333.3 333.3 333.4", 0, 1.0);
   EXPECT_NEAR(rms(loud, at(100), at(900)) / normalRms, 1.5, 0.05);
   // At level 0 only the drone sounds: none, Demo's (1) or Practice's (2).
-  const auto plain = render(1, "12", "3200", 0, 0.0);
-  const auto demo = render(1, "12", "3200", 1, 0.0);
-  const auto practice = render(1, "12", "3200", 2, 0.0);
+  // (Over three cycles: the whole drone loop, whatever its phase.)
+  const auto plain = render(1, "12", "9600", 0, 0.0);
+  const auto demo = render(1, "12", "9600", 1, 0.0);
+  const auto practice = render(1, "12", "9600", 2, 0.0);
   EXPECT_EQ(rms(plain, 0, plain.size()), 0.0);
   EXPECT_NEAR(rms(practice, 0, practice.size()) / rms(demo, 0, demo.size()), 1.6, 0.01);
 }
@@ -191,8 +192,8 @@ TEST_F(RenderTest, BadDroneArgumentsFailAndLeaveNoFile) {
 TEST_F(RenderTest, DroneFileHoldsWholeCyclesLoopsSeamlesslyAndFollowsTheFactor) {
   const auto x = droneFile(2, 2);
   ASSERT_EQ(x.size(), 2 * kCycle);
-  for (size_t n = 500; n < kCycle; n += 997) EXPECT_EQ(x[n], x[n + kCycle]);
   EXPECT_LE(std::fabs(x[kCycle] - x[kCycle - 1]), maxStep(x, 1000, kCycle - 1000));
+  EXPECT_LE(std::fabs(x.front() - x.back()), maxStep(x, 1000, kCycle - 1000)) << "looped, the end runs on";
   const auto greeting = droneFile(2, 1);
   EXPECT_LT(std::fabs(greeting.back()), 0.001);
   EXPECT_EQ(greeting.front(), 0.0f);
@@ -250,7 +251,7 @@ TEST(TablaKitTest, SourceErrorsNameTheProblem) {
       {"tonvex-kit 1", "tonvex-kit 2", "line 7"},
       // Seen in the field: numbers that overflowed a stroke's length or its
       // samples.
-      {"click 3 0.35 5000", "click 4.4e63 0.25 4000",
+      {"click 3 1.0 8000", "click 4.4e63 0.25 4000",
        "click ms 4.4e+63 is out of range (0.1 to 1200) in \"click 4.4e63"},
       {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8",
        "mode amplitude 7.7e+100 is out of range"},

@@ -1,14 +1,18 @@
-// The drone operations: preparing the tanpura cycle from the drone set's
-// seeds (rendered again only when the seeds, note or type changed, so that a
-// loudness step is instant), and writing the drone alone into a file. They change
-// libraryState().drone and, through the dayan's tuning, the rendered strokes.
+// The drone operations: preparing the tanpura from the drone set's seeds
+// (rendered only for strings not heard lately: a loudness step, or a switch
+// back to a recent tonic or drone type, takes the cached sound), and writing
+// the drone alone into a file. They change libraryState().drone and its
+// cache and, through the dayan's tuning, the rendered strokes.
 #include <algorithm>
 #include <cmath>
+#include <optional>
+#include <string_view>
 
 #include "library_state.h"
 #include "pcm.h"
 #include "tanpura.h"
 #include "theka_mix.h"
+#include "variation.h"
 #include "tonvex/tonvex.h"
 #include "wav_file.h"
 
@@ -33,12 +37,74 @@ const NoteSeed* stringSeed(const NoteSet& set, int32_t noteId) {
 
 // Counts of 2-1-1-2 over the cycle: the first string at 0, the two Sa strings
 // a third and a half of the way, the low Sa at two thirds, then rest.
-std::array<TanpuraString, 4> tanpuraStrings(const NoteSet& set, int32_t saNote, int32_t droneType) {
+std::optional<std::array<TanpuraString, 4>> tanpuraStrings(const NoteSet& set, int32_t saNote,
+                                                           int32_t droneType) {
   constexpr double unitMs = kDroneCycleMs / 6.0;
-  return {TanpuraString{stringSeed(set, saNote + firstStringOffset(droneType)), 7000.0, 0.0, 0.9},
-          TanpuraString{stringSeed(set, saNote), 6000.0, 2 * unitMs, 0.8},
-          TanpuraString{stringSeed(set, saNote), 6000.0, 3 * unitMs, 0.8},
-          TanpuraString{stringSeed(set, saNote - 12), 10000.0, 4 * unitMs, 1.0}};
+  const NoteSeed* first = stringSeed(set, saNote + firstStringOffset(droneType));
+  const NoteSeed* sa = stringSeed(set, saNote);
+  const NoteSeed* lowSa = stringSeed(set, saNote - 12);
+  if (first == nullptr || sa == nullptr || lowSa == nullptr) return std::nullopt;
+  return std::array<TanpuraString, 4>{TanpuraString{*first, 7000.0, 0.0, 0.9},
+                                      TanpuraString{*sa, 6000.0, 2 * unitMs, 0.8},
+                                      TanpuraString{*sa, 6000.0, 3 * unitMs, 0.8},
+                                      TanpuraString{*lowSa, 10000.0, 4 * unitMs, 1.0}};
+}
+
+// A hash of everything the strings sound from: their seeds' samples and tuned
+// periods, ring times, pluck times and gains. It keys the cache and seeds the
+// plucks' variation, so the same strings always sound the same.
+uint64_t stringsHash(const std::array<TanpuraString, 4>& strings) {
+  uint64_t h = seedFromText({});
+  const auto add = [&h](const auto& value) {
+    h = seedFromText(std::string_view(reinterpret_cast<const char*>(&value), sizeof value), h);
+  };
+  for (const TanpuraString& s : strings) {
+    h = seedFromText(std::string_view(reinterpret_cast<const char*>(s.seed.samples.data()),
+                                      s.seed.samples.size() * sizeof(int16_t)), h);
+    add(s.seed.effectiveSpc());
+    add(s.ringMs);
+    add(s.pluckMs);
+    add(s.gain);
+  }
+  return h;
+}
+
+DroneSound renderDrone(const std::array<TanpuraString, 4>& strings, const DroneKey& key) {
+  DroneSound drone{renderTanpuraLoop(strings, kCycleSamples, kDroneVariants, key.strings), 1.0, key,
+                   strings, 1.0f};
+  const float peak = peakOf(drone.cycle);
+  drone.scale = peak > 0.0f ? 1.0f / peak : 0.0f;
+  for (float& v : drone.cycle) v *= drone.scale;
+  return drone;
+}
+
+// The drone of that key from the cache, or rendered and cached.
+DroneSound cachedDrone(LibraryState& state, const std::array<TanpuraString, 4>& strings,
+                       const DroneKey& key) {
+  auto& cache = state.droneCache;
+  auto hit = std::find_if(cache.begin(), cache.end(), [&key](const DroneSound& d) { return d.key == key; });
+  if (hit == cache.end()) {
+    if (cache.size() == kDroneCacheSize) cache.pop_back();
+    hit = cache.insert(cache.begin(), renderDrone(strings, key));
+  }
+  std::rotate(cache.begin(), hit, hit + 1);  // most recent first
+  return cache.front();
+}
+
+// The drone alone over `cycles` cycles: whole repeats of the drone's loop
+// when they fit, otherwise rendered again over that length, so that the file
+// too loops seamlessly.
+std::vector<float> droneAlone(const DroneSound& drone, int32_t cycles) {
+  if (cycles % kDroneVariants == 0) {
+    std::vector<float> samples;
+    samples.reserve(drone.cycle.size() * size_t(cycles / kDroneVariants));
+    for (int32_t c = 0; c < cycles; c += kDroneVariants)
+      samples.insert(samples.end(), drone.cycle.begin(), drone.cycle.end());
+    return samples;
+  }
+  auto samples = renderTanpuraLoop(drone.strings, kCycleSamples, cycles, drone.key.strings);
+  for (float& v : samples) v *= drone.scale;
+  return samples;
 }
 
 void fade(std::vector<float>& samples, size_t inSamples, size_t outSamples) {
@@ -57,17 +123,16 @@ int16_t FWavLoadDroneData(const std::string& /*path*/, int32_t noteId, int32_t d
     return 0;
   if (!(droneFactor >= kMinFactor && droneFactor <= kMaxFactor)) return 0;
   const NoteSeed* sa = findSeed(*set, noteId);
-  if (sa == nullptr) return 0;
   const auto strings = tanpuraStrings(*set, noteId, droneType);
-  for (const TanpuraString& s : strings)
-    if (s.seed == nullptr) return 0;
+  if (sa == nullptr || !strings) return 0;
   LibraryState& state = libraryState();
-  const DroneKey key{state.seedVersion, set->name, noteId, droneType};
+  const DroneKey key{set->name, noteId, droneType, stringsHash(*strings)};
   if (state.drone && state.drone->key == key) {  // a loudness step only
     state.drone->factor = droneFactor;
     return 1;
   }
-  state.drone = DroneSound{renderTanpuraCycle(strings, kCycleSamples), droneFactor, key};
+  state.drone = cachedDrone(state, *strings, key);
+  state.drone->factor = droneFactor;
   state.dronePhase = 0;
   state.droneSaHz = kSampleRate / sa->effectiveSpc();
   retuneTheka(state);
@@ -78,12 +143,12 @@ int16_t FWavGenerateDroneFile(int32_t droneCycles, const std::string& outFile, i
   const LibraryState& state = libraryState();
   if (!state.drone || droneCycles < 1 || droneCycles > 100 || (fileMode != 1 && fileMode != 2))
     return 0;
-  std::vector<float> samples;
-  samples.reserve(kCycleSamples * size_t(droneCycles));
-  for (int32_t c = 0; c < droneCycles; ++c)
-    samples.insert(samples.end(), state.drone->cycle.begin(), state.drone->cycle.end());
+  std::vector<float> samples = droneAlone(*state.drone, droneCycles);
+  // The greeting (mode 1) is heard once: it fades in and out. A drone to
+  // loop (mode 2) is not faded at all, so that its end runs on into its
+  // start with no hole or step at the seam (the output fades in itself
+  // where it starts from silence).
   if (fileMode == 1) fade(samples, kSampleRate / 50, kSampleRate * 2 / 5);
-  else fade(samples, kSampleRate * 3 / 1000, 0);
   const float gain = kDroneFileGain * float(state.drone->factor);
   return writeWavFile(outFile, toPcm16(samples, std::min(gain, 0.97f))) ? 1 : 0;
 }

@@ -1,8 +1,13 @@
 // Phrase rendering: note starts on the rounded running sums of the durations
 // (so the file's length is their sum to within a sample), one reed voice per
-// token with its envelope, the reeds' phases carried across tokens, a slow
-// bellows swell over the whole melody, then the drone cycle repeated
-// underneath. Stateless.
+// token with its envelope and a noisy reed onset, the reeds' phases carried
+// across tokens, a slow bellows swell over the whole melody, then the drone
+// cycle repeated underneath. A note that repeats the one before it is struck
+// again: the first releases kRestrikeGapMs before the second's fresh attack,
+// as a player lifts the finger and presses the key again, so "S S R R" is
+// four notes, not two. The onsets' noise comes from a generator seeded from
+// the phrase's text, so the same phrase always renders the same file.
+// Stateless.
 #include "melody.h"
 
 #include <algorithm>
@@ -12,6 +17,7 @@
 #include "pcm.h"
 #include "reed_voice.h"
 #include "tokens.h"
+#include "variation.h"
 #include "wav_file.h"
 
 namespace tonvex {
@@ -22,6 +28,7 @@ constexpr double kMaxNoteMs = 60000.0, kMaxTotalMs = 600000.0;
 constexpr float kMaxMelodyPeak = 0.9f, kMelodyPerLevel = 3.0f;
 constexpr float kDroneGain[3] = {0.0f, 0.25f, 0.4f};
 constexpr int64_t kEdgeFadeSamples = 132;  // 3 ms
+constexpr int64_t kRestrikeGapSamples = 30 * kSampleRate / 1000;
 // Soft limiter: above the knee, peaks bend smoothly towards the ceiling.
 constexpr float kLimiterKnee = 0.8f, kLimiterCeiling = 0.97f;
 
@@ -45,14 +52,14 @@ bool validScalars(const LibraryState& state, const MusicRequest& r) {
 }
 
 // The bellows: a player cannot hold the pressure quite steady, so the reeds'
-// loudness swells by a few percent at two slow, unrelated rates. Evaluated
+// loudness swells by a percent or two at two slow, unrelated rates. Evaluated
 // every 256 samples and interpolated.
 void applyBellows(std::vector<float>& melody) {
   constexpr size_t kBlock = 256;
   auto pressure = [](size_t n) {
     const double t = double(n) / kSampleRate;
-    return float(1.0 + 0.03 * std::sin(2.0 * std::numbers::pi * 0.41 * t) +
-                 0.02 * std::sin(2.0 * std::numbers::pi * 0.13 * t + 1.0));
+    return float(1.0 + 0.012 * std::sin(2.0 * std::numbers::pi * 0.41 * t) +
+                 0.008 * std::sin(2.0 * std::numbers::pi * 0.13 * t + 1.0));
   };
   for (size_t b = 0; b < melody.size(); b += kBlock) {
     const float from = pressure(b), slope = (pressure(b + kBlock) - from) / float(kBlock);
@@ -103,16 +110,26 @@ std::optional<std::vector<TokenVoice>> tokenVoices(const NoteSet& set,
   return voices;
 }
 
-// Adds every voice with its envelope; the last note fades inside the file.
+// Whether voice i is followed by a press of the same key, to be struck again.
+bool restruck(std::span<const TokenVoice> voices, size_t i) {
+  return i + 1 < voices.size() && voices[i + 1].grace == nullptr && voices[i + 1].main == voices[i].main;
+}
+
+// Adds every voice with its envelope and onset; the last note fades inside
+// the file, and so does a note before its own repetition, kRestrikeGapSamples
+// (at most a quarter of the note) early.
 void addVoices(std::span<const TokenVoice> voices, std::span<const int64_t> starts,
-               const EnvelopeShape& shape, float gain, std::vector<float>& out) {
+               const EnvelopeShape& shape, float gain, Variation& variation, std::vector<float>& out) {
   const int64_t total = static_cast<int64_t>(out.size());
   ReedPhases phases;
   std::vector<float> env;
   for (size_t i = 0; i < voices.size(); ++i) {
-    fillNoteEnvelope(shape, voices[i].nextStart, i + 1 == voices.size(), env);
+    const int64_t hold = voices[i].nextStart;
+    if (restruck(voices, i)) fillNoteEnvelope(shape, hold - std::min(kRestrikeGapSamples, hold / 4), true, env);
+    else fillNoteEnvelope(shape, hold, i + 1 == voices.size(), env);
     env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - starts[i])));
     addTokenVoice(voices[i], env, gain, phases, out.data() + starts[i]);
+    addReedOnset(variation, gain * shape.peak, out.data() + starts[i], int64_t(env.size()));
   }
 }
 
@@ -134,7 +151,8 @@ std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRe
 
   Mix mix{std::vector<float>(size_t(starts->back()), 0.0f), *starts};
   const float gain = std::min(kMaxMelodyPeak, kMelodyPerLevel * float(r.level)) * float(r.synthVolume);
-  addVoices(*voices, *starts, *shape, gain, mix.samples);
+  Variation variation(seedFromText(r.durations, seedFromText(r.notes)));
+  addVoices(*voices, *starts, *shape, gain, variation, mix.samples);
   applyBellows(mix.samples);
   fadeEdges(mix.samples);
   if (r.droneMix > 0)

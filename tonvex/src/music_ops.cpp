@@ -5,6 +5,7 @@
 #include "theka_mix.h"
 #include "tokens.h"
 #include "tonvex/tonvex.h"
+#include "variation.h"
 
 using namespace tonvex;
 
@@ -55,6 +56,7 @@ int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
   auto mix = renderMelodyAndDrone(state, request);
   if (!mix) return 0;
   const double beatSamples = double(beatMs) * kSampleRate / 1000.0;
-  addTheka(*state.theka, *tokens, mix->noteStarts, beatSamples, kThekaGain, mix->samples);
+  const ThekaCycle cycle{startBeat, beatCount, seedFromText(theka, seedFromText(notes))};
+  addTheka(*state.theka, *tokens, mix->noteStarts, beatSamples, kThekaGain, cycle, mix->samples);
   return writeAndMoveDrone(state, request, outFile, *mix);
 }

@@ -17,11 +17,21 @@ inline constexpr double kDefaultSaHz = 138.591;
 // Re-renders the loaded kit's strokes if the drone's Sa has changed.
 void retuneTheka(LibraryState& state);
 
+// Where a file's strokes stand in the tala cycle, and the seed of their
+// variation: the file begins on beat startBeat (1-based) of beatCount.
+struct ThekaCycle {
+  int32_t startBeat = 1, beatCount = 16;
+  uint64_t variationSeed = 0;
+};
+
 // Adds the strokes of each note's theka token into out. noteStarts[i] is the
 // first sample of note i; strokes fall at offset, offset + 1, ... beats of
-// beatSamples each. Strokes past the end are cut off.
+// beatSamples each. A stroke on the sam (the cycle's first beat) is accented
+// by 2.5 dB, and every stroke's level varies by up to +-1.5 dB, as a
+// player's hands do, drawn from the cycle's seed. Strokes past the end are
+// cut off.
 void addTheka(const LoadedKit& kit, std::span<const ThekaToken> tokens,
               std::span<const int64_t> noteStarts, double beatSamples, float gain,
-              std::vector<float>& out);
+              const ThekaCycle& cycle, std::vector<float>& out);
 
 }  // namespace tonvex
