@@ -48,7 +48,7 @@ constexpr double kJawariGain = 2.0;
 constexpr double kJawariOctaves = 0.55;
 constexpr double kJawariHighHz = 6000.0, kJawariLowHz = 1700.0, kJawariSlideSeconds = 0.7;
 constexpr double kJawariBloomSeconds = 0.05, kJawariFallSeconds = 0.45;
-constexpr double kPlainRollOffHz = 2000.0;  // the plain string's partials fall above it
+constexpr double kPlainRollOffHz = 1500.0;  // the plain string's partials fall above it
 
 struct PluckVariation {
   double pitch = 1.0, level = 1.0, brightness = 1.0;
