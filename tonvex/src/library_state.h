@@ -48,6 +48,10 @@ struct LoadedKit {
   int32_t instrument = 0;
   double dayanHz = 0.0;                      // tuning the strokes were rendered at
   std::vector<std::vector<float>> strokes;  // one rendered buffer per kit voice
+  // The strokes of the Sa before, kept so that switching back and forth
+  // between two tonics renders nothing (about 1.7 MB).
+  double previousHz = 0.0;
+  std::vector<std::vector<float>> previousStrokes;
 };
 
 struct LibraryState {

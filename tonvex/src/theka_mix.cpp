@@ -35,9 +35,14 @@ void addStroke(std::span<const float> stroke, int64_t at, float gain, std::vecto
 void retuneTheka(LibraryState& state) {
   if (!state.theka) return;
   const double saHz = state.droneSaHz > 0.0 ? state.droneSaHz : kDefaultSaHz;
-  if (!state.theka->strokes.empty() && state.theka->dayanHz == saHz) return;
-  state.theka->strokes = renderKitVoices(state.theka->kit, saHz);
-  state.theka->dayanHz = saHz;
+  LoadedKit& kit = *state.theka;
+  if (!kit.strokes.empty() && kit.dayanHz == saHz) return;
+  std::swap(kit.strokes, kit.previousStrokes);
+  std::swap(kit.dayanHz, kit.previousHz);
+  if (kit.strokes.empty() || kit.dayanHz != saHz) {
+    kit.strokes = renderKitVoices(kit.kit, saHz);
+    kit.dayanHz = saHz;
+  }
 }
 
 void addTheka(const LoadedKit& kit, std::span<const ThekaToken> tokens,

@@ -14,7 +14,8 @@ namespace tonvex {
 // Middle Sa assumed before any drone is prepared: C#3, the neutral tonic.
 inline constexpr double kDefaultSaHz = 138.591;
 
-// Re-renders the loaded kit's strokes if the drone's Sa has changed.
+// Re-renders the loaded kit's strokes if the drone's Sa has changed, unless
+// it is the Sa before, whose strokes are kept.
 void retuneTheka(LibraryState& state);
 
 // Where a file's strokes stand in the tala cycle, and the seed of their
