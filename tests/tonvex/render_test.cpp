@@ -315,7 +315,7 @@ TEST(TablaKitTest, SourceErrorsNameTheProblem) {
       {"tonvex-kit 1", "tonvex-kit 2", "line 7"},
       // Seen in the field: numbers that overflowed a stroke's length or its
       // samples.
-      {"click 3 2.5 8000", "click 4.4e63 0.25 4000",
+      {"click 3 1.8 8000", "click 4.4e63 0.25 4000",
        "click ms 4.4e+63 is out of range (0.1 to 1200) in \"click 4.4e63"},
       {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8",
        "mode amplitude 7.7e+100 is out of range"},

@@ -3,7 +3,7 @@
 // token with its envelope and a noisy reed onset, the reeds' phases carried
 // across tokens, a slow bellows swell over the whole melody, then the drone
 // cycle repeated underneath. A note that repeats the one before it is struck
-// again: the first releases kRestrikeGapMs before the second's fresh attack,
+// again: the first fades out 30 ms before the second's fresh attack,
 // as a player lifts the finger and presses the key again, so "S S R R" is
 // four notes, not two. The onsets' noise comes from a generator seeded from
 // the phrase's text, so the same phrase always renders the same file.
