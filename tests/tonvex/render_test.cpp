@@ -245,7 +245,8 @@ TEST_F(RenderTest, TheTanpuraJawariBloomsAndFallsAndCyclesVaryWithoutAHoleAtTheS
 }
 
 // A held note swells by at most 2 dB (100 ms RMS) anywhere in the range;
-// every harmonic up to the 8th changes smoothly from note to note.
+// every harmonic up to the 8th changes smoothly from note to note. (Two
+// equal reeds made harmonics come and go by up to 6 dB.)
 TEST_F(RenderTest, TheHarmoniumHoldsASteadyEvenToneOverItsRange) {
   for (const char* note : {"00", "12", "24", "40"}) {
     const auto x = render(1, note, "4000");
@@ -260,9 +261,12 @@ TEST_F(RenderTest, TheHarmoniumHoldsASteadyEvenToneOverItsRange) {
     levels.emplace_back();
     for (int k = 1; k <= 8; ++k) levels.back()[k] = toneLevelDb(x, at(200), at(500), k * measureHz(x, at(200), at(500), hz));
   }
-  for (int note = 1; note < 40; ++note)
-    for (int k = 1; k <= 8; ++k)
-      EXPECT_NEAR(levels[note][k], (levels[note - 1][k] + levels[note + 1][k]) / 2, 3.0) << "harmonic " << k << " of note " << note;
+  for (int k = 1; k <= 8; ++k) {  // within 3 dB of the least-squares line through the 41 notes
+    double sx = 0, sy = 0, sxx = 0, sxy = 0;
+    for (int n = 0; n <= 40; ++n) sx += n, sy += levels[n][k], sxx += n * n, sxy += n * levels[n][k];
+    const double slope = (41 * sxy - sx * sy) / (41 * sxx - sx * sx), intercept = (sy - slope * sx) / 41;
+    for (int n = 0; n <= 40; ++n) EXPECT_NEAR(levels[n][k], intercept + slope * n, 3.0) << "harmonic " << k << " of note " << n;
+  }
 }
 
 // "S S R R" is four notes: before a repeated note the first falls silent for
