@@ -319,7 +319,7 @@ TEST(TablaKitTest, SourceErrorsNameTheProblem) {
       {"tonvex-kit 1", "tonvex-kit 2", "line 7"},
       // Seen in the field: numbers that overflowed a stroke's length or its
       // samples.
-      {"click 3 1.8 8000", "click 4.4e63 0.25 4000",
+      {"click 4 0.9 8000", "click 4.4e63 0.25 4000",
        "click ms 4.4e+63 is out of range (0.1 to 1200) in \"click 4.4e63"},
       {"mode 1.0 1.0 350 0.8", "mode 1.0 7.7e100 350 0.8",
        "mode amplitude 7.7e+100 is out of range"},
@@ -363,13 +363,13 @@ TEST_F(RenderTest, StrokesFallWhereTheTokensSay) {
     EXPECT_GT(rms(renderTheka("1000", "1/" + std::to_string(bol) + "/0", 600), 0, at(300)), 0.005) << "bol " << bol;
 }
 
-// Every dayan stroke cracks: noise reaching 4 to 8 kHz, within 15 dB of the
+// Every dayan stroke cracks: noise reaching 4 to 8 kHz, within 18 dB of the
 // stroke's low modes over its first 3 ms and gone within 6 ms.
 TEST_F(RenderTest, DayanStrokesBeginWithAShortBrightCrack) {
   for (int bol : {1, 2, 3, 4, 5, 6, 9, 10, 12}) {
     const auto x = renderTheka("1000", "1/" + std::to_string(bol) + "/0", 600);
     const double crack = bandLevelDb(x, 0, at(3), 4000, 8000);
-    EXPECT_GT(crack, bandLevelDb(x, 0, at(3), 0, 2000) - 15.0) << "bol " << bol;
+    EXPECT_GT(crack, bandLevelDb(x, 0, at(3), 0, 2000) - 18.0) << "bol " << bol;
     EXPECT_LT(bandLevelDb(x, at(6), at(9), 4000, 8000), crack - 40.0) << "bol " << bol;
   }
 }
