@@ -236,7 +236,8 @@ TEST_F(RenderTest, TheTanpuraJawariBloomsAndFallsAndCyclesVaryWithoutAHoleAtTheS
   }
   for (size_t c = 0; c < 3; ++c) {
     double difference = 0;
-    for (size_t n = 0; n < kCycle; ++n) difference = std::max(difference, double(std::fabs(x[c * kCycle + n] - x[(c + 1) % 3 * kCycle + n])));
+    for (size_t n = 0; n < kCycle; ++n)
+      difference = std::max(difference, double(std::fabs(x[c * kCycle + n] - x[(c + 1) % 3 * kCycle + n])));
     EXPECT_GT(difference, 0.01) << "cycle " << c;
   }
   std::vector<float> seam(x.end() - 441, x.end());
@@ -251,7 +252,10 @@ TEST_F(RenderTest, TheHarmoniumHoldsASteadyEvenToneOverItsRange) {
   for (const char* note : {"00", "12", "24", "40"}) {
     const auto x = render(1, note, "4000");
     double low = 1e9, high = -1e9;
-    for (double ms = 300; ms < 3700; ms += 100) low = std::min(low, rms(x, at(ms), at(ms + 100))), high = std::max(high, rms(x, at(ms), at(ms + 100)));
+    for (double ms = 300; ms < 3700; ms += 100) {
+      low = std::min(low, rms(x, at(ms), at(ms + 100)));
+      high = std::max(high, rms(x, at(ms), at(ms + 100)));
+    }
     EXPECT_LT(20 * std::log10(high / low), 2.0) << note;
   }
   std::vector<std::array<double, 9>> levels;
@@ -259,13 +263,15 @@ TEST_F(RenderTest, TheHarmoniumHoldsASteadyEvenToneOverItsRange) {
     const auto x = render(1, (note < 10 ? "0" : "") + std::to_string(note), "600");
     const double hz = 130.8128 * std::exp2((note - 11) / 12.0);
     levels.emplace_back();
-    for (int k = 1; k <= 8; ++k) levels.back()[k] = toneLevelDb(x, at(200), at(500), k * measureHz(x, at(200), at(500), hz));
+    const double measured = measureHz(x, at(200), at(500), hz);
+    for (int k = 1; k <= 8; ++k) levels.back()[k] = toneLevelDb(x, at(200), at(500), k * measured);
   }
   for (int k = 1; k <= 8; ++k) {  // within 3 dB of the least-squares line through the 41 notes
     double sx = 0, sy = 0, sxx = 0, sxy = 0;
     for (int n = 0; n <= 40; ++n) sx += n, sy += levels[n][k], sxx += n * n, sxy += n * levels[n][k];
     const double slope = (41 * sxy - sx * sy) / (41 * sxx - sx * sx), intercept = (sy - slope * sx) / 41;
-    for (int n = 0; n <= 40; ++n) EXPECT_NEAR(levels[n][k], intercept + slope * n, 3.0) << "harmonic " << k << " of note " << n;
+    for (int n = 0; n <= 40; ++n)
+      EXPECT_NEAR(levels[n][k], intercept + slope * n, 3.0) << "harmonic " << k << " of note " << n;
   }
 }
 

@@ -125,7 +125,8 @@ void addVoices(std::span<const TokenVoice> voices, std::span<const int64_t> star
   std::vector<float> env;
   for (size_t i = 0; i < voices.size(); ++i) {
     const int64_t hold = voices[i].nextStart;
-    if (restruck(voices, i)) fillNoteEnvelope(shape, hold - std::min(kRestrikeGapSamples, hold / 4), true, env);
+    if (restruck(voices, i))
+      fillNoteEnvelope(shape, hold - std::min(kRestrikeGapSamples, hold / 4), true, env);
     else fillNoteEnvelope(shape, hold, i + 1 == voices.size(), env);
     env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - starts[i])));
     addTokenVoice(voices[i], env, gain, phases, out.data() + starts[i]);

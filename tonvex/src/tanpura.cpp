@@ -40,7 +40,8 @@ constexpr int kBlock = 512;
 constexpr double kBlockSeconds = double(kBlock) / kSampleRate;
 constexpr double kTopHz = 12000.0;
 constexpr double kRenderCycles = 2.0;  // how long a pluck is followed
-constexpr double kQuiet = 1e-4;        // a partial below this (-90 dB in a file), once the jawari has passed, stops
+// A partial below kQuiet (-90 dB in a file), once the jawari has passed, stops.
+constexpr double kQuiet = 1e-4;
 constexpr double kQuietAfterSeconds = 0.6;
 
 // The jawari band: strength, width, and how its centre and level move.
@@ -113,7 +114,8 @@ void addPartial(const PartialSpec& p, const JawariTrack& track, std::vector<floa
     sinTable[size_t(n)] = float(r.imag());
   }
   const std::complex<double> blockStep = std::polar(1.0, w * kBlock);
-  const std::complex<double> shimmerStep = std::polar(1.0, 2.0 * std::numbers::pi * p.shimmerHz * kBlockSeconds);
+  const std::complex<double> shimmerStep =
+      std::polar(1.0, 2.0 * std::numbers::pi * p.shimmerHz * kBlockSeconds);
   std::complex<double> z = std::polar(1.0, double(p.k)), shimmer = std::polar(1.0, 1.7 * p.k);
   const double decayStep = std::exp(-p.decayPerSecond * kBlockSeconds);
   const double riseStep = std::exp(-kBlockSeconds / p.riseSeconds);
