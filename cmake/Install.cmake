@@ -15,7 +15,8 @@ set(NADAVIK_DOC_DIR ${CMAKE_INSTALL_DATADIR}/doc/nadavik)
 
 install(TARGETS nadavik tonvex-render RUNTIME DESTINATION ${CMAKE_INSTALL_BINDIR})
 
-set(_data_files ${NADAVIK_DATA_DIR}/mrA.nvy ${NADAVIK_DATA_DIR}/clb.nvy ${NADAVIK_DATA_DIR}/vlb.nvy)
+set(_data_files ${NADAVIK_DATA_DIR}/mrA.nvy ${NADAVIK_DATA_DIR}/clb.nvy ${NADAVIK_DATA_DIR}/vlb.nvy
+                ${NADAVIK_DATA_DIR}/tonvex-seeds.bank)
 foreach(number RANGE 1 8)
   list(APPEND _data_files ${NADAVIK_DATA_DIR}/nv${number}.jpg)
 endforeach()

@@ -52,6 +52,7 @@
 #include "core/trace.h"
 #include "notation/devanagari.h"
 #include "platform/qt/qt_audio.h"
+#include "platform/qt/qt_pdf.h"
 #include "platform/qt/qt_scheduler.h"
 #include "platform/qt/qt_screen.h"
 #include "platform/qt/qt_window_system.h"
@@ -201,6 +202,7 @@ int main(int argc, char* argv[]) {
   windows.setAudioDeviceFactory(
       [&] { return platform::createAudioDevice(scheduler, noSound); });
   platform::setWindowSystem(&windows);
+  platform::setPdfSheetFactory(platform::qt::makeQtPdfSheet);
   platform::setEventBoundary(sRunTrapped);
 
   sSetProgramLocation(fResolveProgramFolders(appDir, fFolderEnvironment()),

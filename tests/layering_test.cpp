@@ -16,7 +16,7 @@ namespace fs = std::filesystem;
 
 const std::map<std::string, int> kFloors = {
     {"platform", 0}, {"core", 1},     {"notation", 2},  {"store", 3},    {"display", 4},
-    {"keyboard", 5}, {"sound", 6},    {"control", 7},   {"player", 8},   {"workbench", 8},
+    {"keyboard", 5}, {"sound", 6},    {"control", 7},   {"export", 7},   {"player", 8},   {"workbench", 8},
     {"scales", 8},   {"composer", 8}, {"exploration", 9}, {"browsing", 10}, {"quiz", 10},
     {"sampler", 10}, {"app", 11}};
 

@@ -287,13 +287,14 @@ void sGraceNotesChanged() {
   sLoadNotation(box, gPhraseSet.NotePhrases[entry]);
 }
 
-// Event 19 in Learning and Practice.
+// Event 19 in Learning and Practice. While looping, the chain has already
+// queued the next repeat's first phrase behind the last one, built from the
+// same notation (the box is not read again, and a new speed is taken at
+// the next Play): the repeat goes on at once, without a gap. (Building it
+// here, after the run had ended, broke the sound and restarted the drone.)
 void sStudyRunEnded() {
   if (gLooping) {
-    if (gCurrMode == 3) {
-      ctl("cCurrentItem").setText(gCurrNotation);
-      sSetUpForPracticeModeIllustrations1();
-    }
+    if (gCurrMode == 3) ctl("cCurrentItem").setText(gCurrNotation);
     gCurrBuildFile = gWavA;
     sPlayRun();
     return;

@@ -8,6 +8,7 @@
 #include "core/session.h"
 #include "exploration/exploration.h"
 #include "exploration/exploration_state.h"
+#include "exploration/export_items.h"
 #include "exploration/prompts.h"
 #include "platform/screen.h"
 #include "sound/play_chain.h"
@@ -106,6 +107,12 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuDroLou", [] { gDroneStep = 1; raise(16); });
   onClick(s, "cMnuDroSof", [] { gDroneStep = -1; raise(16); });
   onClick(s, "cMnuRagInf", [] { raise(17); });
+  onClick(s, "cMnuXptItmSnd", [] { sExportItemAtHand(ExportFormat::Sound); });
+  onClick(s, "cMnuXptItmMid", [] { sExportItemAtHand(ExportFormat::Midi); });
+  onClick(s, "cMnuXptItmPdf", [] { sExportItemAtHand(ExportFormat::Pdf); });
+  onClick(s, "cMnuXptRagSnd", [] { sExportWholeRaga(ExportFormat::Sound); });
+  onClick(s, "cMnuXptRagMid", [] { sExportWholeRaga(ExportFormat::Midi); });
+  onClick(s, "cMnuXptRagPdf", [] { sExportWholeRaga(ExportFormat::Pdf); });
   onClick(s, "cMnuSlo", [] { if (gDelayMO > 0) --gDelayMO; });
   onClick(s, "cMnuSpe", [] { if (gDelayMO < INT16_MAX) ++gDelayMO; });
   for (const TonicEntry& entry : kTonicEntries)

@@ -21,11 +21,11 @@ constexpr std::int16_t kFilmSongKind = 9;
 
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
 
-constexpr std::array<const char*, 23> kSelections = {
+constexpr std::array<const char*, 24> kSelections = {
     "cAroha",   "cAvroha",   "cPakad",    "cNVIllusList", "cUserIllusList", "cScaleList",
     "Frame1",   "Option1",   "Option2",   "Option3",      "cReturn",        "Frame2",
     "Option4",  "Option5",   "cSlider",   "cMnuRagInf",   "cMnuDro",        "cMnuGraNot",
-    "cMnuKebDis", "cMnuNotScr", "cMnuSyn", "cMnuTonKey",  "cMnuHel"};
+    "cMnuKebDis", "cMnuNotScr", "cMnuSyn", "cMnuTonKey",  "cMnuHel",  "cMnuXpt"};
 
 void sSetSelections(bool on) {
   for (const char* name : kSelections) ctl(name).setEnabled(on);

@@ -282,6 +282,26 @@ class WindowSystem {
   virtual std::string chooseFileToOpen(const std::string& title, const std::string& folder,
                                        const std::string& nameFilter) = 0;
 
+  // A modal dialog for choosing where to save a new file, starting in
+  // `folder` with `proposedName` filled in; answers the path, "" when
+  // cancelled. A window system without one answers "".
+  virtual std::string chooseFileToSave(const std::string& title, const std::string& folder,
+                                       const std::string& proposedName, const std::string& nameFilter) {
+    (void)title, (void)folder, (void)proposedName, (void)nameFilter;
+    return "";
+  }
+
+  // Runs `job` on a thread of its own while a modal box shows `caption`, a
+  // progress bar and Cancel; answers once the job has returned. The job
+  // reports how far it has got (0 to 1) through its argument, which answers
+  // false once Cancel has been pressed, and then stops as soon as it can. A
+  // window system without such a box runs the job at once, never cancelled.
+  using ProgressReport = std::function<bool(double fraction)>;
+  virtual void runWithProgress(const std::string& caption, const std::function<void(const ProgressReport&)>& job) {
+    (void)caption;
+    job([](double) { return true; });
+  }
+
   // Size of the desktop in logical pixels.
   virtual float screenWidth() const = 0;
   virtual float screenHeight() const = 0;

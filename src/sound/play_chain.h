@@ -6,7 +6,8 @@
 //
 // State: gPlayScreenProcedures, the procedures of the screens' own modules
 // the chain calls at each phrase, and the controllers of the screens that
-// own a chain; each module sets its members when its screen is bound, and a
+// own a chain; whether a first note waits to be marked; the buffer shift of
+// a looping run's repeats (play_chain.cpp); each module sets its members when its screen is bound, and a
 // member left empty is skipped. Sound thus reaches the screens above it
 // only through what they install here.
 #pragma once
@@ -44,12 +45,22 @@ extern PhraseFileBuilder gBuildPhraseFile;
 // One step of the chain, called to start a run and after each file closes.
 // Past gPlaySet.LastPhrase the range has ended: the cursor goes back to
 // FirstPhrase and the owner gets event 19. Otherwise the phrase at the
-// cursor starts playing from its buffer's file, its first note is marked,
-// the cursor moves on and, with gPrefetchMode 1, the next phrase's buffer
-// is filled and its file built; the next phrase's file (built now or, with
-// gPrefetchMode 2, before the run) is queued to follow without a gap. False
-// when that build fails.
+// cursor starts playing from its buffer's file, its first note is marked
+// (once heard, on the exploration screen), the cursor moves on and, with
+// gPrefetchMode 1, the next phrase's buffer is filled and its file built;
+// the next phrase's file (built now or, with gPrefetchMode 2, before the
+// run) is queued to follow without a gap. While the exploration screen
+// loops, the last phrase is followed in the same way by the first of the
+// next repeat, so that repeats join as phrases do and the drone runs on.
+// False when a build fails.
 bool fPlayMusicPhrases(platform::Screen& form);
+
+// True while the first note of the phrase that plays has not been marked:
+// on the exploration screen, until the device sounds it.
+extern bool gFirstNoteOwed;
+// Marks the owed first note once cMM has begun to sound it; the status step
+// calls it before moving the marks on.
+void sMarkOwedFirstNote(platform::Screen& form);
 
 // Calls the controller that the screen of a callback context installed,
 // with an event; nothing when that screen installed none.

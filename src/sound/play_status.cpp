@@ -9,6 +9,7 @@
 #include "platform/audio.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
+#include "sound/play_chain.h"
 #include "sound/play_reeds.h"
 #include "sound/play_state.h"
 
@@ -39,7 +40,8 @@ bool fAdvanceCurrentNote(platform::Screen& form, std::int16_t delayMs) {
 
 void sTrackPlayingNote(platform::Screen& form, std::int16_t delayMs) {
   NV_PROC("sTrackPlayingNote");
-  if (!fAdvanceCurrentNote(form, delayMs)) return;
+  sMarkOwedFirstNote(form);
+  if (gFirstNoteOwed || !fAdvanceCurrentNote(form, delayMs)) return;
   const MusicBuffer& buffer = gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)];
   if (form.hasControl("cCurrentItem")) {
     platform::Control& box = form.control("cCurrentItem");

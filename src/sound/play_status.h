@@ -17,6 +17,7 @@ class Screen;
 bool fAdvanceCurrentNote(platform::Screen& form, std::int16_t delayMs);
 
 // The status step of the screens that show the notes in cCurrentItem and on
-// the keyboard: on advancing, appends the new note's word of the buffer's
+// the keyboard: first marks an owed first note once it sounds
+// (sMarkOwedFirstNote); then, on advancing, appends the new note's word of the buffer's
 // text to cCurrentItem (three blanks before it) and marks its reed.
 void sTrackPlayingNote(platform::Screen& form, std::int16_t delayMs);

@@ -6,10 +6,12 @@
 #include "platform/audio.h"
 #include "platform/screen.h"
 #include "sound/music_buffers.h"
+#include "sound/play_chain.h"
 
 void sStopMusicPhrases(platform::Screen& form) {
   NV_PROC("sStopMusicPhrases");
   gPlaySet.Position = static_cast<std::int16_t>(gPlaySet.Count + 1);
+  gFirstNoteOwed = false;
   if (!form.hasControl("cMM")) return;
   platform::AudioDevice& mm = form.control("cMM").device();
   mm.notify = false;

@@ -25,13 +25,26 @@ std::string fFormatBeatFraction(float value) {
 }
 
 
-// The stroke token of a note at beat position p lasting d beats.
-std::string fStrokeToken(float p, float d) {
+// The stroke token of a note at beat position p lasting d beats, in a cycle
+// of `beats` beats (0: no wrapping).
+//
+// The token names the beat on which its first stroke sounds. A note that
+// starts on a beat (x = 0) has its first stroke there, on beat i + 1; a note
+// that starts inside beat i + 1 has its first stroke 1 - x beats in, on the
+// next beat, i + 2 (after the last beat of the cycle, beat 1). Naming the
+// beat the note started in instead, as tokens once did, played the earlier
+// beat's bol on that later beat: durations "0.5 1.5" sounded bol 1 on beats
+// 1 and 2 and never bol 2. So this deliberately differs from that older rule,
+// which gave every token the beat i + 1; the stroke counts and offsets are
+// as they were.
+std::string fStrokeToken(float p, float d, std::int16_t beats) {
   const float whole = std::floor(p);
   const float x = p - whole;
   const float k = std::floor(d);
   const float y = d - k;
-  const std::string beat = std::to_string(static_cast<int>(whole) + 1);
+  int firstBeat = static_cast<int>(whole) + (x == 0.0f ? 1 : 2);
+  if (beats > 0 && firstBeat > beats) firstBeat -= beats;
+  const std::string beat = std::to_string(firstBeat);
   if (d >= 1.0f) {
     int count = static_cast<int>(k);
     if ((x == 0.0f && y > 0.0f) || (x != 0.0f && x + y > 1.0f)) ++count;
@@ -46,7 +59,7 @@ std::string fStrokeToken(float p, float d) {
 }  // namespace
 
 std::string fGetTalaStringForNote(float& position, float duration, std::int16_t beats) {
-  std::string token = fStrokeToken(position, duration);
+  std::string token = fStrokeToken(position, duration, beats);
   position += duration;
   if (beats > 0 && position >= beats) position -= beats;
   return token;

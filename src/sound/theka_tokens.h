@@ -16,9 +16,10 @@ class Recordset;
 
 // The stroke token of a note that starts at beat position `position`
 // (0-based, within the cycle) and lasts `duration` beats: "0" when no beat
-// begins inside it, else "count/beat/offset" with the 1-based beat the note
-// starts in, whose bol the first stroke takes, and the offset of that stroke
-// from the note's start in beats. Advances position by the duration,
+// begins inside it, else "count/beat/offset" with the 1-based beat on which
+// the first stroke sounds, whose bol it plays (for a note that starts off
+// the beat, the next beat; see theka_tokens.cpp), and the offset of that
+// stroke from the note's start in beats. Advances position by the duration,
 // wrapping past the cycle's end.
 std::string fGetTalaStringForNote(float& position, float duration, std::int16_t beats);
 

@@ -3,6 +3,7 @@
 #include "sound/tuning.h"
 
 #include <algorithm>
+#include <vector>
 
 #include "core/errors.h"
 #include "core/session.h"
@@ -41,11 +42,21 @@ std::int16_t fAdjustNoteSeeds(const std::string& setName,
   NV_PROC("fAdjustNoteSeeds");
   sPatchSQLStr11(setName);
   auto rs = gDbA->openRecordset(gSQLStr11, platform::RecordsetType::Snapshot);
-  bool tuned = true;
-  for (; tuned && !rs->eof(); rs->moveNext())
-    tuned = tuneNote(setName, static_cast<int>(rs->field("Note Id").asInteger()));
+  RecordedSpcs ownSpcs{};
+  std::vector<int> noteIds;
+  for (; !rs->eof(); rs->moveNext()) {
+    const int noteId = static_cast<int>(rs->field("Note Id").asInteger());
+    noteIds.push_back(noteId);
+    if (noteId >= 0 && noteId <= kMaxSoundNoteId)
+      ownSpcs[noteId] = static_cast<float>(static_cast<double>(rs->field("SamPerCyc").asInteger()) +
+                                           rs->field("Fractional Value").asDouble());
+  }
   rs->close();
-  return tuned ? 1 : 0;
+  // The music set's columns cover 27 notes; the rest follow them by octaves.
+  gNoteAdjust = fExtendTuningByOctaves(gCurrTonicNoteId, gNoteAdjust, ownSpcs);
+  for (int noteId : noteIds)
+    if (!tuneNote(setName, noteId)) return 0;
+  return 1;
 }
 
 void sAdjustNotesForFreqRat(const ScaleShiftSpec& shift, const std::string& setName,
@@ -61,13 +72,14 @@ void sAdjustNotesForFreqRat(const ScaleShiftSpec& shift, const std::string& setN
   if (refSpc && !ratioSets->noMatch()) {
     OnprRow ratios{};
     RecordedSpcs ownSpcs{};
-    for (int i = 0; i < kOnprColumns; ++i) {
+    for (int i = 0; i < kOnprColumns; ++i)
       ratios[i] = fGetSPCFactor(*ratioSets, static_cast<std::int16_t>(i));
-      const int noteId = shift.RefNote - kOnprTonicColumn + i;
-      if (noteId >= 0 && noteId < kNoteAdjustSize)
-        ownSpcs[noteId] = recordedSpc(*specs, setName, noteId);
-    }
-    gNoteAdjust = fRatioDeltas(shift.RefNote, shiftSpc, *refSpc, ratios, ownSpcs);
+    for (int noteId = 0; noteId <= kMaxSoundNoteId; ++noteId)
+      ownSpcs[noteId] = recordedSpc(*specs, setName, noteId);
+    // The ratios cover 27 notes; the rest follow them by octaves.
+    gNoteAdjust = fExtendTuningByOctaves(
+        shift.RefNote - kMiddleSaAboveTonic,
+        fRatioDeltas(shift.RefNote, shiftSpc, *refSpc, ratios, ownSpcs), ownSpcs);
   }
   specs->close();
   ratioSets->close();

@@ -10,13 +10,16 @@
 #include "sound/sound_state.h"
 
 // Tunes every note of the set whose gNoteAdjust entry is not 0 by that
-// delta. 1 on success; 0 after "Error adjusting SPC" at the first note the
+// delta, after giving the notes outside the music set's 27 columns at
+// gCurrTonicNoteId the deltas that tune them by the octave
+// (fExtendTuningByOctaves). 1 on success; 0 after "Error adjusting SPC" at the first note the
 // library refuses. instrumentType is 1 for the main set, 2 for the drone set.
 std::int16_t fAdjustNoteSeeds(const std::string& setName, std::int16_t instrumentType);
 
 // Puts each note of the set at its "ONPRSets" ratio to the reference note
 // shift.RefNote (the middle S), whose period is the main set's recorded one
-// moved by NewSPC - BaseSPC; fills gNoteAdjust with the deltas and tunes the
+// moved by NewSPC - BaseSPC, and the notes outside the 27 ratios by the
+// octave (fExtendTuningByOctaves); fills gNoteAdjust with the deltas and tunes the
 // notes, each from its recorded period (the note is reloaded first). With
 // NewSPC equal to BaseSPC the ratios still apply. A refused delta shows
 // "Error adjusting SPC", a note that cannot be reloaded its load message;

@@ -44,3 +44,18 @@ float fRatioTargetSPC(float shiftSpc, float refSpc, float ratio);
 // 0. Notes outside 0 to 40 are skipped.
 NoteAdjustVector fRatioDeltas(int refNote, float shiftSpc, float refSpc, const OnprRow& ratios,
                               const RecordedSpcs& ownSpcs);
+
+// Tuning in every octave. The ratio tables have 27 columns, so at any tonic
+// some notes of 0 to 40 lie outside them (at tonic 3 the lower S< to G< and
+// the upper d> to N>), and the tables' rule leaves those notes as recorded:
+// in equal temperament, up to 18 cents off their swara's just ratio. A just
+// scale must hold in every octave, so, deliberately, a note outside the
+// columns is tuned by the octave: its period is the tuned period
+// (ownSpcs + deltas) of the same swara an octave further in, times 2 for
+// each octave it lies below it (halved for each octave above), and its
+// delta is that period less its own recorded one. The notes inside the
+// columns keep their deltas as given. A note outside is left at its delta
+// when the set lacks it or its inner swara, or when that swara's delta is
+// 0 (the note keeps its recorded tuning, as its inner swara does).
+NoteAdjustVector fExtendTuningByOctaves(int tonicNoteId, const NoteAdjustVector& deltas,
+                                        const RecordedSpcs& ownSpcs);

@@ -51,6 +51,8 @@ CREATE TABLE "Tala - Technical Information" (
   "Tala Id" INTEGER NOT NULL,
   "Tala Name" TEXT COLLATE NOCASE NOT NULL,
   "Beat Count" INTEGER NOT NULL,
+  "Vibhag Beats" TEXT,
+  "Vibhag Marks" TEXT,
   PRIMARY KEY ("Tala Id")
 );
 CREATE UNIQUE INDEX "TalaByName" ON "Tala - Technical Information" ("Tala Name");

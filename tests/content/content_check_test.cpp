@@ -19,7 +19,7 @@ using contentcheck::Fault;
 const std::vector<std::string> kFaultNames = {
     "IllegalNote",  "BadDuration", "CountMismatch",   "PakadDurationsRunOut", "TalaCycle", "SyllableCount",
     "MissingPart",  "MissingPrompt", "DuplicateName", "NoteOutsideRaga",      "BadNoteIds", "MissingRow",
-    "GroupCount",   "FilmSongShipped", "ThekaIncomplete", "TechnicalData"};
+    "GroupCount",   "FilmSongShipped", "ThekaIncomplete", "TechnicalData", "VibhagData"};
 
 std::string fixture(const std::string& name) { return std::string(NADAVIK_FIXTURE_DIR) + "/" + name; }
 
@@ -66,8 +66,9 @@ class MarkedFixture : public ::testing::TestWithParam<const char*> {};
 
 TEST_P(MarkedFixture, ReportsExactlyTheMarkedFaults) {
   const std::string name = GetParam();
-  // the theka fixture brings its own tala; the others share talas.rec
-  const auto files = name == "theka.rec" ? std::vector<std::string>{name} : std::vector<std::string>{"talas.rec", name};
+  // the theka and vibhag fixtures bring their own talas; the others share talas.rec
+  const bool ownTalas = name == "theka.rec" || name == "vibhag.rec";
+  const auto files = ownTalas ? std::vector<std::string>{name} : std::vector<std::string>{"talas.rec", name};
   const auto problems = contentcheck::checkContent(rowsOf(files), {});
   Expectations found;
   for (const auto& p : problems)
@@ -80,7 +81,8 @@ TEST_P(MarkedFixture, ReportsExactlyTheMarkedFaults) {
 INSTANTIATE_TEST_SUITE_P(Fixtures, MarkedFixture,
                          ::testing::Values("clean.rec", "illegal-notes.rec", "durations.rec", "pakad.rec",
                                            "tala.rec", "syllables.rec", "duplicates.rec",
-                                           "outside-notes.rec", "film-song.rec", "missing.rec", "theka.rec", "technical.rec"),
+                                           "outside-notes.rec", "film-song.rec", "missing.rec", "theka.rec", "technical.rec",
+                                           "vibhag.rec"),
                          [](const auto& param) {
                            std::string n = param.param;
                            n = n.substr(0, n.find('.'));

@@ -224,12 +224,14 @@ TEST(ThekaStrokes, EachNoteSaysHowManyStrokesBeginInItAndWhere) {
   const struct { float position, duration; std::int16_t beats; const char* token; float next; } rows[] = {
       {0.0f, 1.0f, 16, "1/1/0", 1.0f},       // on the beat
       {0.0f, 1.5f, 16, "2/1/0", 1.5f},       // a part beat more holds one more stroke
-      {1.5f, 1.0f, 16, "1/2/0.5", 2.5f},     // off the beat: the stroke half a beat in
-      {1.5f, 1.5f, 16, "1/2/0.5", 3.0f},     // ends on a beat, which belongs to the next note
-      {1.5f, 1.75f, 16, "2/2/0.5", 3.25f},
+      {1.5f, 1.0f, 16, "1/3/0.5", 2.5f},     // off the beat: the stroke half a beat in, on beat 3
+      {1.5f, 1.5f, 16, "1/3/0.5", 3.0f},     // ends on a beat, which belongs to the next note
+      {1.5f, 1.75f, 16, "2/3/0.5", 3.25f},
       {0.5f, 0.5f, 16, "0", 1.0f},           // short note inside a beat
-      {0.75f, 0.5f, 16, "1/1/0.25", 1.25f},  // short note across a beat
+      {0.75f, 0.5f, 16, "1/2/0.25", 1.25f},  // short note across a beat
+      {0.5f, 1.5f, 16, "1/2/0.5", 2.0f},     // "0.5 1.5": the second note's stroke is beat 2's
       {15.0f, 2.0f, 16, "2/16/0", 1.0f},     // the cycle wraps
+      {15.5f, 1.0f, 16, "1/1/0.5", 0.5f},    // the stroke after the cycle's last beat is beat 1's
       {6.0f, 1.0f, 7, "1/7/0", 0.0f},
   };
   for (const auto& r : rows) {

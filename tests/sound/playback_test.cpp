@@ -151,6 +151,52 @@ TEST(PlaybackChain, TheEndOfAFileGoesToItsOwner) {
   EXPECT_EQ(stage().opened, (Files{"A.wav"}));
 }
 
+// While the exploration screen loops, the first phrase of the next repeat
+// is built while the last of this one sounds and queued behind it, so that
+// the repeats join like phrases and the drone runs on; with an odd number of phrases the next
+// repeat runs on the other buffers, so that the build does not overwrite
+// the phrase sounding. A run after Stop Loop starts on the first buffer.
+TEST(PlaybackChain, ALoopingRunQueuesItsNextRepeatWhileTheLastPhraseSounds) {
+  const struct { const char* what; int phrases; std::int16_t prefetch; Files shown; std::vector<std::int16_t> built; } cases[] = {
+      // Built again for each repeat, so that the drone runs on in phase.
+      {"one phrase built before the run (Learning)", 1, kPrefetchNone, {"A.wav", "B.wav", "A.wav"}, {1, 0, 1}},
+      {"three phrases built as they sound (Practice)", 3, kPrefetchNext,
+       {"A.wav", "B.wav", "A.wav", "B.wav", "A.wav", "B.wav", "A.wav"}, {1, 0, 1, 0, 1, 0, 1}},
+  };
+  for (const auto& c : cases) {
+    SCOPED_TRACE(c.what);
+    platform::Screen& form = reset();
+    const PlayOwnerController stageOwner = gPlayScreenProcedures.owners[kContextMainOperations];
+    gPlayScreenProcedures.owners[kContextMainOperations] = [](std::int16_t event) {
+      if (gLooping) startChain();  // as the screen's controller does
+      else stage().events.push_back(event);
+    };
+    gPrefetchMode = c.prefetch;
+    preparePlaySet({kPhrases, kPhrases + c.phrases});
+    gLooping = true;
+    startChain();
+    advance(static_cast<long>(c.shown.size()) * kPhraseMs - kPhraseMs / 2);
+    EXPECT_EQ(stage().opened, c.shown);
+    std::vector<std::int16_t> built;
+    for (const auto& b : stage().builds) {
+      EXPECT_TRUE(b.whilePlaying);
+      built.push_back(b.buffer);
+    }
+    EXPECT_EQ(built, c.built);
+    gLooping = false;
+    sStopMusicPhrases(form);
+    advance(kSettleMs);
+    EXPECT_EQ(stage().events, Events{kEventRangeEnded});
+    EXPECT_TRUE(stage().messages.empty());
+    stage().opened.clear();
+    preparePlaySet({kPhrases, kPhrases + c.phrases});
+    startChain();
+    advance(kSettleMs);
+    EXPECT_EQ(stage().opened, Files{"A.wav"});
+    gPlayScreenProcedures.owners[kContextMainOperations] = stageOwner;
+  }
+}
+
 // A single file whose done notification goes to sPlayMusicFile1, as on the
 // screens that play one file, repeats while looping is on, then closes.
 TEST(PlaybackChain, AFileOfItsOwnRepeatsWhileLoopingIsOn) {
@@ -176,8 +222,10 @@ TEST(PlaybackChain, AFileOfItsOwnRepeatsWhileLoopingIsOn) {
 }
 
 // Status ticks come every 20 ms from the start of play, so a note whose
-// time is a multiple of 20 is reached exactly on its tick. Each step
-// advances the clock, then expects the sounding note and the reed marks.
+// time is a multiple of 20 is reached exactly on its tick. The first note
+// is marked only once the device has begun to sound it, at the first tick,
+// not at Play. Each step advances the clock, then expects the sounding note
+// and the reed marks.
 struct Step { long advanceMs; int currNote; Marks marks; };
 // grace 2: grace notes on; the first step at 0 ms: as the chain starts.
 struct MarkCase { const char* what; std::int16_t tonic, grace; int delayMs; std::string notes, durations;
@@ -185,7 +233,7 @@ struct MarkCase { const char* what; std::int16_t tonic, grace; int delayMs; std:
 
 const MarkCase kMarkCases[] = {
     {"each note when the position reaches it", 3, 1, 0, "S R G", "50 50 50",
-     {{0, 1, {{12, kRed}}}, {480, 1, {{12, kRed}}}, {20, 2, {{14, kRed}}},
+     {{0, 1, {}}, {20, 1, {{12, kRed}}}, {460, 1, {{12, kRed}}}, {20, 2, {{14, kRed}}},
       {480, 2, {{14, kRed}}}, {20, 3, {{16, kRed}}}, {400, 3, {{16, kRed}}}}},
     // Notes 2, 3 and 4 are due at 500 - 40, 1000 - 80 and 1500 - 120.
     {"the lead grows with each note", 3, 1, 40, "S R G P", "50 50 50 50",
@@ -195,7 +243,7 @@ const MarkCase kMarkCases[] = {
     {"one note per status step, so short notes trail", 3, 1, 0, "S R G m P D", "1 1 1 1 1 100",
      {{20, 2, {{14, kRed}}}, {20, 3, {{16, kRed}}}, {60, 6, {{21, kRed}}}}},
     {"a grace pair marks the main note red and the grace pink", 3, 2, 0, "S'R G", "50 50",
-     {{0, 1, {{12, kPink}, {14, kRed}}}, {500, 2, {{16, kRed}}}}},
+     {{0, 1, {}}, {20, 1, {{12, kPink}, {14, kRed}}}, {480, 2, {{16, kRed}}}}},
     {"without grace notes a grace pair is not marked", 3, 1, 0, "S'R", "50", {{0, 1, {}}}},
     // Marks follow the tonic: at tonic 1 reed = note - 2, S< on reed -2, R< on reed 0.
     {"notes below the keyboard make no mark", 1, 1, 0, "S< r< R< S", "50 50 50 50",

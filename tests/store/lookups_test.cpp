@@ -17,6 +17,7 @@
 #include "platform/store.h"
 #include "store/queries.h"
 #include "store/query_open.h"
+#include "store/tala_beats.h"
 #include "../support/helpers.h"
 
 namespace {
@@ -42,8 +43,8 @@ INSERT INTO "Raga - Additional Information" VALUES (1, 'Kalyan', 1, 0), (1, 'Eri
   (1, 'Jab Deep Jale', 3, 0), (1, 'Man Mohana', 2, 0), (3, 'Bhimpalasi', 1, 0),
   (3, 'Kafi Bandish', 2, 102), (1, 'Bhupali', 1, 0);
 
-INSERT INTO "Tala - Technical Information" VALUES (1, 'Teentaal', 16), (2, 'Ektaal', 12),
-  (3, 'Jhaptaal', 10), (4, 'Rupak', 7);
+INSERT INTO "Tala - Technical Information" VALUES (1, 'Teentaal', 16, NULL, NULL),
+  (2, 'Ektaal', 12, NULL, NULL), (3, 'Jhaptaal', 10, '2 3 2 2', 'x 2 0 3'), (4, 'Rupak', 7, '3 2 2', '0 2 3');
 
 INSERT INTO "Prompts" VALUES (1, 'Choose a raga'), (3, 'Listen'), (4, 'Sing along');
 )";
@@ -96,6 +97,16 @@ TEST_F(Lookups, RagasTalasAndSetsByIdAndNameAndTheSequentialPick) {
   EXPECT_EQ(fGetSeqRagaId(0), 0);
   EXPECT_EQ(gCurrRagaId, 6);
   EXPECT_EQ(fGetRagaDroneType(99), kNoSuchRaga);
+}
+
+// Divisions come whole or not at all: Rupak's, none for a tala without
+// them, with divisions that miss its cycle, or missing from the store.
+TEST_F(Lookups, TalaDivisionsWithTheirMarks) {
+  const auto rupak = fGetVibhagsForTala(4);
+  ASSERT_EQ(rupak.size(), 3u);
+  EXPECT_EQ(rupak[0].mark + rupak[1].mark + rupak[2].mark, "023");
+  EXPECT_EQ(rupak[2].firstBeat, 6);
+  for (std::int16_t tala : {1, 3, 9}) EXPECT_TRUE(fGetVibhagsForTala(tala).empty()) << tala;
 }
 
 TEST_F(Lookups, PhrasesAndItemsOfARagaInEachStore) {

@@ -36,7 +36,7 @@ constexpr size_t kCycle = 3200 * 441 / 10;  // samples in one drone cycle of 320
 // The library as the application sets it up at tonic 3, with the tabla kit.
 class RenderTest : public ::testing::Test {
  protected:
-  void SetUp() override { ASSERT_EQ(tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE}), ""); }
+  void SetUp() override { ASSERT_EQ(tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE, TONVEX_SEED_BANK}), ""); }
   static int16_t make(int count, const std::string& notes, const std::string& durations, const std::string& out,
                       int droneMix = 0, double level = 0.2, int synthVolume = 1) {
     return FWavGenerateMusicFile(count, notes, durations, out, droneMix, level, synthVolume, 1000, 60, 80, 50);
@@ -139,12 +139,13 @@ TEST_F(RenderTest, AnOutputThatIsNotARegularFileIsNeverReplaced) {
 }
 
 TEST_F(RenderTest, BadMusicInputFailsAndLeavesNoFile) {
+  std::string hourNotes = "12", hourDurations = "60000";  // 61 minutes: past the limit
+  for (int i = 1; i < 61; ++i) hourNotes += " 12", hourDurations += " 60000";
   const struct { const char* what; int count; const char *notes, *durations; int droneMix = 0; double level = 0.2;
   } calls[] = {
       {"count above tokens", 3, "12 14", "100 100 100"},  {"zero duration", 2, "12 14", "100 0"},
       {"absurd duration", 1, "12", "70000"},               {"no notes", 0, "", ""},
-      {"absurd total", 11, "12 12 12 12 12 12 12 12 12 12 12",
-       "60000 60000 60000 60000 60000 60000 60000 60000 60000 60000 60000"},
+      {"over an hour", 61, hourNotes.c_str(), hourDurations.c_str()},
       {"drone mix 3", 1, "12", "100", 3},                  {"level above 1", 1, "12", "100", 0, 1.5}};
   const std::string path = scratchFile("bad.wav");
   for (const auto& c : calls) {

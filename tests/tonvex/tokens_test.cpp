@@ -2,8 +2,11 @@
 // English note words and theka placement.
 #include <gtest/gtest.h>
 
+#include <cctype>
+#include <map>
 
 #include "english_notes.h"
+#include "record_file.h"
 #include "render_args.h"
 #include "theka_tokens.h"
 #include "tokens.h"
@@ -54,6 +57,31 @@ TEST(ThekaTokensTest, StrokesFallInTheNotesThatHoldThemOnTheTalasBeats) {
   EXPECT_FALSE(builtInTheka("Teentaal")) << "names are as written";
 }
 
+// The renderer knows every tala of the library, with the default kit's
+// theka (type 4) beat for beat, under its name in lower case.
+TEST(ThekaTokensTest, TheRendererPlaysEveryTalaOfTheLibraryAsItsThekaSays) {
+  const nvstore::RecordFile talas = nvstore::readRecordFile(TONVEX_TALA_SOURCE);
+  ASSERT_TRUE(talas.errors.empty());
+  std::map<std::string, std::string> nameOf;           // tala id -> name in lower case
+  std::map<std::string, std::map<int, int>> bolsOf;    // tala id -> beat -> bol
+  for (const nvstore::Row& row : talas.rows) {
+    if (row.table == "Tala - Technical Information") {
+      std::string name = row.find("Tala Name")->value;
+      for (char& c : name) c = char(std::tolower(static_cast<unsigned char>(c)));
+      nameOf[row.find("Tala Id")->value] = name;
+    } else if (row.table == "ThekaTypeBolsForTaal" && row.find("Theka Type Id")->value == "4") {
+      bolsOf[row.find("Tala Id")->value][std::stoi(row.find("Tala Bol Id")->value)] =
+          std::stoi(row.find("Theka Bol Id")->value);
+    }
+  }
+  ASSERT_EQ(nameOf.size(), 12u);
+  for (const auto& [id, name] : nameOf) {
+    std::vector<int> bols;
+    for (const auto& [beat, bol] : bolsOf[id]) bols.push_back(bol);
+    EXPECT_EQ(builtInTheka(name).value_or(std::vector<int>{}), bols) << name;
+  }
+}
+
 TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
   using Words = std::vector<std::string>;
   const Words tala = {"-o", "a.wav", "--notes", "S", "--tala", "teentaal", "--kit", "clb.nvy"};
@@ -61,14 +89,20 @@ TEST(RenderArgsTest, EveryValueIsCheckedWhereItArrives) {
     words.insert(words.end(), more.begin(), more.end());
     return words;
   };
+  std::string hourAndMinute = "60000";
+  for (int i = 0; i < 60; ++i) hourAndMinute += " 60000";
   const std::pair<Words, const char*> cases[] = {
       // Seen in the field: a beat of 0 or less never ended, at 100% CPU.
       {with(tala, {"--beat-ms", "0"}), "--beat-ms takes a whole number from 1 to 10000, not \"0\""},
       {with(tala, {"--beat-ms", "700ms"}), "--beat-ms takes"},
       {with(tala, {"--start-beat", "17"}), "--start-beat takes a whole number from 1 to 16"},
       {{"-o", "a.wav", "--notes", "S", "--tala", "teentaal"}, "--tala needs --kit"},
-      {{"-o", "a.wav", "--tala", "tintal", "--kit", "clb.nvy"}, "unknown tala"},
+      {{"-o", "a.wav", "--tala", "tintal", "--kit", "clb.nvy"},
+       "unknown tala \"tintal\"; --tala takes teentaal|ektaal|jhaptaal|rupak|keherwa|dadra|"
+       "chautaal|jhoomra|tilwada|deepchandi|dhamar|sooltaal"},
       {{"-o", "a.wav", "--tonic", "13"}, "--tonic takes a whole number from 1 to 12"},
+      {{"-o", "a.wav", "--durations", hourAndMinute},
+       "the notes last 3660000 ms; a render lasts at most 3600000 ms (60 minutes)"},
       {{"-o", "a.wav", "--level", "nan"}, "--level takes a number from 0 to 1"},
       {{"-o", "a.wav", "--drone-factor", "2"}, "--drone-factor takes a number from 0.5 to 1.5"},
       {{"-o", "a.wav", "--drone", "sa"}, "--drone takes pa, ma, ni or none"},

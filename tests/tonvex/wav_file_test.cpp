@@ -25,10 +25,13 @@ TEST(PcmTest, RoundsAndClampsAndNanIsSilence) {
       {-0.5f, -16384},   {1.0f / 32767, 1},   {0.49f / 32767, 0}, {inf, 32767},
       {-inf, -32768},    {std::nanf(""), 0}};
   for (const auto& [in, out] : cases) EXPECT_EQ(tonvex::toPcm16(in), out) << "input " << in;
-  // A buffer's gain is applied before clamping.
-  const std::vector<float> in{0.25f, -0.6f, 0.9f};
-  EXPECT_EQ(tonvex::toPcm16(in, 2.0f), (std::vector<int16_t>{16384, -32768, 32767}));
-  EXPECT_FLOAT_EQ(tonvex::peakOf(in), 0.9f);
+  // The peak of a buffer, found lane by lane: in the tail past the last
+  // eight, in a lane, negative.
+  std::vector<float> in(19, 0.1f);
+  for (const auto& [at, value] : {std::pair{18, 0.9f}, {3, -0.95f}, {10, 0.97f}}) {
+    in[size_t(at)] = value;
+    EXPECT_FLOAT_EQ(tonvex::peakOf(in), std::fabs(value)) << at;
+  }
   EXPECT_EQ(tonvex::peakOf(std::vector<float>{}), 0.0f);
 }
 

@@ -4,12 +4,16 @@
 // the drone alone into a file. They change libraryState().drone and its
 // cache and, through the dayan's tuning, the rendered strokes.
 #include <algorithm>
+#include <array>
 #include <cmath>
 #include <optional>
+#include <span>
 #include <string_view>
+#include <vector>
 
 #include "library_state.h"
 #include "pcm.h"
+#include "sample_sink.h"
 #include "tanpura.h"
 #include "theka_mix.h"
 #include "variation.h"
@@ -91,27 +95,40 @@ DroneSound cachedDrone(LibraryState& state, const std::array<TanpuraString, 4>& 
   return cache.front();
 }
 
-// The drone alone over `cycles` cycles: whole repeats of the drone's loop
-// when they fit, otherwise rendered again over that length, so that the file
-// too loops seamlessly.
-std::vector<float> droneAlone(const DroneSound& drone, int32_t cycles) {
-  if (cycles % kDroneVariants == 0) {
-    std::vector<float> samples;
-    samples.reserve(drone.cycle.size() * size_t(cycles / kDroneVariants));
-    for (int32_t c = 0; c < cycles; c += kDroneVariants)
-      samples.insert(samples.end(), drone.cycle.begin(), drone.cycle.end());
-    return samples;
-  }
+// The loop a drone file of `cycles` cycles repeats: the drone's own loop
+// when whole repeats of it fit, otherwise the strings rendered again over
+// that length, so that the file too loops seamlessly.
+std::vector<float> droneFileLoop(const DroneSound& drone, int32_t cycles) {
+  if (cycles % kDroneVariants == 0) return {};
   auto samples = renderTanpuraLoop(drone.strings, kCycleSamples, cycles, drone.key.strings);
   for (float& v : samples) v *= drone.scale;
   return samples;
 }
 
-void fade(std::vector<float>& samples, size_t inSamples, size_t outSamples) {
-  inSamples = std::min(inSamples, samples.size());
-  outSamples = std::min(outSamples, samples.size());
-  for (size_t n = 0; n < inSamples; ++n) samples[n] *= float(n) / float(inSamples);
-  for (size_t n = 0; n < outSamples; ++n) samples[samples.size() - 1 - n] *= float(n) / float(outSamples);
+// The drone file's gain at sample n of total: 1, rising from 0 over the
+// first fadeIn samples and falling to 0 over the last fadeOut.
+float fileFade(size_t n, size_t total, size_t fadeIn, size_t fadeOut) {
+  fadeIn = std::min(fadeIn, total);
+  fadeOut = std::min(fadeOut, total);
+  float g = 1.0f;
+  if (n < fadeIn) g *= float(n) / float(fadeIn);
+  if (n >= total - fadeOut) g *= float(total - 1 - n) / float(fadeOut);
+  return g;
+}
+
+// Writes total samples of the loop, repeated, block by block into the sink,
+// with the file's fades.
+bool writeDroneLoop(std::span<const float> loop, size_t total, size_t fadeIn, size_t fadeOut,
+                    float gain, SampleSink& sink) {
+  constexpr size_t kBlock = 4096;
+  std::array<int16_t, kBlock> pcm;
+  for (size_t from = 0; from < total; from += kBlock) {
+    const size_t n = std::min(kBlock, total - from);
+    for (size_t i = 0; i < n; ++i)
+      pcm[i] = toPcm16(loop[(from + i) % loop.size()] * fileFade(from + i, total, fadeIn, fadeOut) * gain);
+    if (!sink.write({pcm.data(), n})) return false;
+  }
+  return true;
 }
 
 }  // namespace
@@ -143,12 +160,17 @@ int16_t FWavGenerateDroneFile(int32_t droneCycles, const std::string& outFile, i
   const LibraryState& state = libraryState();
   if (!state.drone || droneCycles < 1 || droneCycles > 100 || (fileMode != 1 && fileMode != 2))
     return 0;
-  std::vector<float> samples = droneAlone(*state.drone, droneCycles);
+  const std::vector<float> rendered = droneFileLoop(*state.drone, droneCycles);
+  const std::span<const float> loop = rendered.empty() ? std::span<const float>(state.drone->cycle)
+                                                       : std::span<const float>(rendered);
   // The greeting (mode 1) is heard once: it fades in and out. A drone to
   // loop (mode 2) is not faded at all, so that its end runs on into its
   // start with no hole or step at the seam (the output fades in itself
   // where it starts from silence).
-  if (fileMode == 1) fade(samples, kSampleRate / 50, kSampleRate * 2 / 5);
-  const float gain = kDroneFileGain * float(state.drone->factor);
-  return writeWavFile(outFile, toPcm16(samples, std::min(gain, 0.97f))) ? 1 : 0;
+  const size_t total = kCycleSamples * size_t(droneCycles);
+  const size_t fadeIn = fileMode == 1 ? kSampleRate / 50 : 0;
+  const size_t fadeOut = fileMode == 1 ? kSampleRate * 2 / 5 : 0;
+  const float gain = std::min(kDroneFileGain * float(state.drone->factor), 0.97f);
+  const auto sink = openWavFileSink(outFile);
+  return sink && writeDroneLoop(loop, total, fadeIn, fadeOut, gain, *sink) && sink->finish() ? 1 : 0;
 }

@@ -1,6 +1,6 @@
-// Rendering of a note phrase (generation tokens and durations) into a float
-// mix, with the drone under it, and the final writing of a mix to a file.
-// Reads the seeds and drone of the state it is given.
+// Planning a note phrase (generation tokens and durations): its checks, the
+// voice of each note and where each starts. Reads the seeds and drone of
+// the state it is given.
 #pragma once
 
 #include <cstdint>
@@ -10,6 +10,7 @@
 
 #include "envelope.h"
 #include "library_state.h"
+#include "reed_voice.h"
 
 namespace tonvex {
 
@@ -23,21 +24,21 @@ struct MusicRequest {
   size_t dronePhase = 0;  // sample of the drone cycle the file's drone begins at
 };
 
-struct Mix {
-  std::vector<float> samples;
-  std::vector<int64_t> noteStarts;  // first sample of each note, then the total
+// A checked phrase, ready to be mixed (mix_render.h).
+struct MelodyPlan {
+  std::vector<TokenVoice> voices;     // one per note
+  std::vector<int64_t> noteStarts;    // first sample of each note, then the total
+  EnvelopeShape shape;
+  float gain = 0.0f;                  // the melody's gain from level and synthVolume
+  uint64_t onsetSeed = 0;             // seeds the reeds' noisy onsets
 };
 
-// Checks the request against the state and renders melody and drone; nullopt
-// on any bad argument or missing seed or drone. The melody fades in and out
-// over its first and last 3 ms; the drone does not, so that files played one
-// after another, each beginning its drone where the one before ended it
-// (dronePhase), join into one unbroken drone.
-std::optional<Mix> renderMelodyAndDrone(const LibraryState& state, const MusicRequest& request);
+// Checks the request against the state (notes, durations, envelope
+// constants, level, volume, drone mix; every note's seed loaded, the drone
+// prepared if it is to sound) and plans the melody; nullopt on anything bad.
+std::optional<MelodyPlan> planMelody(const LibraryState& state, const MusicRequest& request);
 
-// Bends peaks above 0.8 of full scale smoothly towards 0.97 (so nothing
-// clips and every file keeps the same loudness), converts the mix and
-// writes the file.
-bool writeMix(const std::string& outFile, Mix& mix);
+// The drone's gain for a drone mix of 0 (none), 1 or 2 at the drone's factor.
+float droneGainFor(const LibraryState& state, int32_t droneMix);
 
 }  // namespace tonvex

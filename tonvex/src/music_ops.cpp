@@ -2,10 +2,12 @@
 // same mixed with a tabla theka. They read libraryState() only.
 #include "library_state.h"
 #include "melody.h"
+#include "mix_render.h"
 #include "theka_mix.h"
 #include "tokens.h"
 #include "tonvex/tonvex.h"
 #include "variation.h"
+#include "wav_file.h"
 
 using namespace tonvex;
 
@@ -14,13 +16,34 @@ namespace {
 constexpr float kThekaGain = 0.4f;
 constexpr int32_t kMaxBeatMs = 10000, kMaxBeats = 64;
 
-// Writes the mix and, when its drone sounds, moves the drone's phase on by
-// the file's length, so that the next file goes on from there.
-int16_t writeAndMoveDrone(LibraryState& state, const MusicRequest& request, const std::string& outFile,
-                          Mix& mix) {
-  if (!writeMix(outFile, mix)) return 0;
-  if (request.droneMix > 0)
-    state.dronePhase = (state.dronePhase + mix.samples.size()) % state.drone->cycle.size();
+// Mixes the melody (and, when given, the theka) over the drone straight
+// into outFile and, when its drone sounds, moves the drone's phase on by the
+// file's length, so that the next file goes on from there.
+int16_t writeMusicFile(LibraryState& state, const MusicRequest& request, const MelodyPlan& melody,
+                       std::span<const ThekaToken> theka, int32_t beatMs,
+                       const ThekaCycle& cycle, const std::string& outFile) {
+  MixPlan plan;
+  plan.voices = melody.voices;
+  plan.noteStarts = melody.noteStarts;
+  plan.shape = melody.shape;
+  plan.melodyGain = melody.gain;
+  plan.onsetSeed = melody.onsetSeed;
+  if (request.droneMix > 0) {
+    plan.drone = &*state.drone;
+    plan.droneGain = droneGainFor(state, request.droneMix);
+    plan.dronePhase = request.dronePhase;
+  }
+  if (!theka.empty()) {
+    plan.kit = &*state.theka;
+    plan.theka = theka;
+    plan.beatSamples = double(beatMs) * kSampleRate / 1000.0;
+    plan.thekaGain = kThekaGain;
+    plan.thekaCycle = cycle;
+  }
+  const auto sink = openWavFileSink(outFile);
+  if (!sink || !renderMix(plan, *sink) || !sink->finish()) return 0;
+  if (plan.drone)
+    state.dronePhase = (state.dronePhase + size_t(melody.noteStarts.back())) % state.drone->cycle.size();
   return 1;
 }
 
@@ -34,8 +57,8 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
   LibraryState& state = libraryState();
   const MusicRequest request{noteCount,    notes,    durations,  droneMix,  level, synthVolume,
                              peakPermille, attackMs, sustainPct, releaseMs, state.dronePhase};
-  auto mix = renderMelodyAndDrone(state, request);
-  return mix ? writeAndMoveDrone(state, request, outFile, *mix) : 0;
+  const auto melody = planMelody(state, request);
+  return melody ? writeMusicFile(state, request, *melody, {}, 0, {}, outFile) : 0;
 }
 
 int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
@@ -53,10 +76,7 @@ int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
   if (!tokens || tokens->size() != size_t(noteCount)) return 0;
   const MusicRequest request{noteCount,    notes,    durations,  droneMix,  level, synthVolume,
                              peakPermille, attackMs, sustainPct, releaseMs, state.dronePhase};
-  auto mix = renderMelodyAndDrone(state, request);
-  if (!mix) return 0;
-  const double beatSamples = double(beatMs) * kSampleRate / 1000.0;
+  const auto melody = planMelody(state, request);
   const ThekaCycle cycle{startBeat, beatCount, seedFromText(theka, seedFromText(notes))};
-  addTheka(*state.theka, *tokens, mix->noteStarts, beatSamples, kThekaGain, cycle, mix->samples);
-  return writeAndMoveDrone(state, request, outFile, *mix);
+  return melody ? writeMusicFile(state, request, *melody, *tokens, beatMs, cycle, outFile) : 0;
 }

@@ -2,31 +2,26 @@
 // rounded and clamped. Stateless.
 #include "pcm.h"
 
+#include <algorithm>
+#include <array>
 
 namespace tonvex {
 
-int16_t toPcm16(float x) {
-  // Branch-free, so that buffer conversion vectorises.
-  float scaled = x * 32767.0f;
-  scaled = scaled == scaled ? scaled : 0.0f;  // NaN
-  scaled = scaled > 32767.0f ? 32767.0f : scaled;
-  scaled = scaled < -32768.0f ? -32768.0f : scaled;
-  // Round half away from zero; the truncating conversion is one instruction.
-  return static_cast<int16_t>(static_cast<int32_t>(scaled + (scaled >= 0.0f ? 0.5f : -0.5f)));
-}
-
-std::vector<int16_t> toPcm16(std::span<const float> samples, float gain) {
-  std::vector<int16_t> out(samples.size());
-  for (size_t i = 0; i < samples.size(); ++i) out[i] = toPcm16(samples[i] * gain);
-  return out;
-}
-
 float peakOf(std::span<const float> samples) {
+  // Eight running maxima, one per lane, so that the loop vectorises (a
+  // single running maximum is a reduction the compiler keeps scalar).
+  constexpr size_t kLanes = 8;
+  std::array<float, kLanes> lanes{};
+  const size_t whole = samples.size() - samples.size() % kLanes;
+  for (size_t i = 0; i < whole; i += kLanes)
+    for (size_t j = 0; j < kLanes; ++j) {
+      const float magnitude = samples[i + j] < 0.0f ? -samples[i + j] : samples[i + j];
+      lanes[j] = magnitude > lanes[j] ? magnitude : lanes[j];
+    }
   float peak = 0.0f;
-  for (float s : samples) {
-    const float magnitude = s < 0.0f ? -s : s;
-    peak = magnitude > peak ? magnitude : peak;
-  }
+  for (size_t i = whole; i < samples.size(); ++i)
+    peak = std::max(peak, samples[i] < 0.0f ? -samples[i] : samples[i]);
+  for (float lane : lanes) peak = std::max(peak, lane);
   return peak;
 }
 

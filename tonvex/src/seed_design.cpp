@@ -88,15 +88,18 @@ std::array<double, kOnprColumns> onprRatios(int instrumentType) {
   return ratios;
 }
 
-std::array<double, kOnprColumns> onprCorrections(int tonicId, int instrumentType) {
+double justCorrection(int tonicId, int instrumentType, int noteId) {
   const double saPeriod = kSampleRate / seedHz(kInstrumentMain, tonicId + 9);
-  const auto ratios = onprRatios(instrumentType);
+  const double ratio =
+      justRatio(noteId - tonicId - 9) / (instrumentType == kInstrumentDrone ? 2.0 : 1.0);
+  return saPeriod / ratio - kSampleRate / seedHz(instrumentType, noteId);
+}
+
+std::array<double, kOnprColumns> onprCorrections(int tonicId, int instrumentType) {
   std::array<double, kOnprColumns> corrections{};
   for (int i = 0; i < kOnprColumns; ++i) {
     const int noteId = tonicId + 2 + i;
-    if (noteId > kMaxNoteId) continue;
-    const double ownPeriod = kSampleRate / seedHz(instrumentType, noteId);
-    corrections[size_t(i)] = saPeriod / ratios[size_t(i)] - ownPeriod;
+    if (noteId <= kMaxNoteId) corrections[size_t(i)] = justCorrection(tonicId, instrumentType, noteId);
   }
   return corrections;
 }

@@ -1,5 +1,5 @@
 // FWavCreateSegmentFile: cuts a stretch out of a wave file this library wrote,
-// with short fades so that the cut ends do not click.
+// with short fades so that the cut ends do not click. Reads only the stretch.
 #include <algorithm>
 
 #include "tonvex/tonvex.h"
@@ -27,14 +27,12 @@ int16_t FWavCreateSegmentFile(const std::string& sourceFile, int32_t startMs, in
                               const std::string& outFile, int32_t droneMix, double level) {
   if (startMs < 0 || lengthMs < 1 || droneMix < 0 || droneMix > 2) return 0;
   if (!(level >= 0.0 && level <= 1.0)) return 0;
-  const auto source = readWavFile(sourceFile);
-  if (!source) return 0;
   const size_t from = size_t(int64_t(startMs) * kSampleRate / 1000);
-  size_t length = size_t(int64_t(lengthMs) * kSampleRate / 1000);
-  if (from >= source->size() || from + length > source->size() + kEndToleranceSamples) return 0;
-  length = std::min(length, source->size() - from);
-  std::vector<int16_t> segment(source->begin() + std::ptrdiff_t(from),
-                               source->begin() + std::ptrdiff_t(from + length));
-  fadeCutEnds(segment);
-  return writeWavFile(outFile, segment) ? 1 : 0;
+  const size_t length = size_t(int64_t(lengthMs) * kSampleRate / 1000);
+  // Only the stretch is read: a source may hold an hour.
+  size_t sourceSamples = 0;
+  auto segment = readWavRange(sourceFile, from, length, &sourceSamples);
+  if (!segment || from + length > sourceSamples + kEndToleranceSamples) return 0;
+  fadeCutEnds(*segment);
+  return writeWavFile(outFile, *segment) ? 1 : 0;
 }

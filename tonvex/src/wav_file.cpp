@@ -1,8 +1,9 @@
-// Wave file writer and reader. The writer puts a header with zero sizes,
+// Wave file writer and reader. The writer (a FileSink) puts a header with zero sizes,
 // then the samples, then patches the sizes and renames "<path>.part" to path.
 // Stateless.
 #include "wav_file.h"
 
+#include <algorithm>
 #include <array>
 #include <bit>
 #include <cstdio>
@@ -49,24 +50,6 @@ std::array<unsigned char, kHeaderBytes> makeHeader(uint32_t dataBytes) {
   return h;
 }
 
-// Writes header (sizes zero), samples, then the patched header.
-bool writeComplete(std::FILE* f, std::span<const int16_t> samples) {
-  const uint32_t dataBytes = static_cast<uint32_t>(samples.size() * 2);
-  auto header = makeHeader(0);
-  if (std::fwrite(header.data(), 1, header.size(), f) != header.size()) return false;
-  if constexpr (std::endian::native == std::endian::little) {
-    if (std::fwrite(samples.data(), 2, samples.size(), f) != samples.size()) return false;
-  } else {
-    std::vector<unsigned char> bytes(dataBytes);
-    for (size_t i = 0; i < samples.size(); ++i)
-      putLe16(&bytes[2 * i], static_cast<uint16_t>(samples[i]));
-    if (std::fwrite(bytes.data(), 1, bytes.size(), f) != bytes.size()) return false;
-  }
-  header = makeHeader(dataBytes);
-  if (std::fseek(f, 0, SEEK_SET) != 0) return false;
-  return std::fwrite(header.data(), 1, header.size(), f) == header.size();
-}
-
 // Whether a file may be written at path: a new path or a regular file. A
 // device node, pipe, folder or link is never replaced (renaming over
 // "/dev/full" as root would put a wave file in the device's place, and
@@ -78,45 +61,126 @@ bool replaceable(const std::string& path) {
          type == std::filesystem::file_type::regular;
 }
 
+constexpr uint64_t kMaxDataBytes = 0x7FFFFFF0u;
+
+// The wave file writer: a header with zero sizes, the samples as they come,
+// then the patched header and the rename.
+class WavFileSink final : public FileSink {
+ public:
+  WavFileSink(std::string path, std::FILE* file)
+      : path_(std::move(path)), partPath_(path_ + ".part"), file_(file) {}
+  ~WavFileSink() override {
+    if (file_ != nullptr) std::fclose(file_);
+    if (!finished_) {
+      std::error_code ec;
+      std::filesystem::remove(partPath_, ec);
+    }
+  }
+  WavFileSink(const WavFileSink&) = delete;
+  WavFileSink& operator=(const WavFileSink&) = delete;
+
+  bool start() {
+    const auto header = makeHeader(0);
+    return std::fwrite(header.data(), 1, header.size(), file_) == header.size();
+  }
+
+  bool write(std::span<const int16_t> samples) override {
+    if (file_ == nullptr || dataBytes_ + samples.size() * 2 > kMaxDataBytes) return false;
+    dataBytes_ += samples.size() * 2;
+    if constexpr (std::endian::native == std::endian::little) {
+      return std::fwrite(samples.data(), 2, samples.size(), file_) == samples.size();
+    } else {
+      std::vector<unsigned char> bytes(samples.size() * 2);
+      for (size_t i = 0; i < samples.size(); ++i)
+        putLe16(&bytes[2 * i], static_cast<uint16_t>(samples[i]));
+      return std::fwrite(bytes.data(), 1, bytes.size(), file_) == bytes.size();
+    }
+  }
+
+  bool finish() override {
+    if (file_ == nullptr || dataBytes_ == 0) return false;
+    const auto header = makeHeader(static_cast<uint32_t>(dataBytes_));
+    bool written = std::fseek(file_, 0, SEEK_SET) == 0 &&
+                   std::fwrite(header.data(), 1, header.size(), file_) == header.size();
+    written = std::fclose(file_) == 0 && written;
+    file_ = nullptr;
+    if (!written) return false;
+    std::error_code ec;
+    std::filesystem::rename(partPath_, path_, ec);
+    finished_ = !ec;
+    return finished_;
+  }
+
+ private:
+  std::string path_, partPath_;
+  std::FILE* file_;
+  uint64_t dataBytes_ = 0;
+  bool finished_ = false;
+};
+
+// Reads and checks the header of a file writeWavFile could have written;
+// the data's size in bytes, or nullopt.
+std::optional<uint32_t> readOurHeader(std::FILE* f) {
+  std::array<unsigned char, kHeaderBytes> h{};
+  if (std::fread(h.data(), 1, h.size(), f) != h.size()) return std::nullopt;
+  const uint32_t dataBytes = getLe32(&h[40]);
+  const bool ours = std::memcmp(&h[0], "RIFF", 4) == 0 && std::memcmp(&h[8], "WAVEfmt ", 8) == 0 &&
+                    getLe16(&h[20]) == 1 && getLe16(&h[22]) == 1 &&
+                    getLe32(&h[24]) == kSampleRate && getLe16(&h[34]) == 16 &&
+                    std::memcmp(&h[36], "data", 4) == 0 && dataBytes % 2 == 0 && dataBytes > 0;
+  if (!ours) return std::nullopt;
+  return dataBytes;
+}
+
+// count samples read from where f stands, or nullopt when the file is short.
+std::optional<std::vector<int16_t>> readSamples(std::FILE* f, size_t count) {
+  std::vector<unsigned char> bytes(count * 2);
+  if (std::fread(bytes.data(), 1, bytes.size(), f) != bytes.size()) return std::nullopt;
+  std::vector<int16_t> samples(count);
+  for (size_t i = 0; i < count; ++i) samples[i] = static_cast<int16_t>(getLe16(&bytes[2 * i]));
+  return samples;
+}
+
 }  // namespace
 
-bool writeWavFile(const std::string& path, std::span<const int16_t> samples) {
-  if (path.empty() || samples.empty() || samples.size() > 0x7FFFFFF0u / 2) return false;
+std::unique_ptr<FileSink> openWavFileSink(const std::string& path) {
+  if (path.empty()) return nullptr;
   const std::string partPath = path + ".part";
-  if (!replaceable(path) || !replaceable(partPath)) return false;
+  if (!replaceable(path) || !replaceable(partPath)) return nullptr;
   std::FILE* f = std::fopen(partPath.c_str(), "wb");
-  if (f == nullptr) return false;
-  const bool written = writeComplete(f, samples);
-  const bool closed = std::fclose(f) == 0;
-  std::error_code ec;
-  if (written && closed) {
-    std::filesystem::rename(partPath, path, ec);
-    if (!ec) return true;
-  }
-  std::filesystem::remove(partPath, ec);
-  return false;
+  if (f == nullptr) return nullptr;
+  // Blocks come in 8 KB at a time: gather 64 KB for each write call.
+  std::setvbuf(f, nullptr, _IOFBF, size_t(1) << 16);
+  auto sink = std::make_unique<WavFileSink>(path, f);
+  if (!sink->start()) return nullptr;
+  return sink;
+}
+
+bool writeWavFile(const std::string& path, std::span<const int16_t> samples) {
+  if (samples.empty()) return false;
+  auto sink = openWavFileSink(path);
+  return sink && sink->write(samples) && sink->finish();
 }
 
 std::optional<std::vector<int16_t>> readWavFile(const std::string& path) {
   std::FILE* f = std::fopen(path.c_str(), "rb");
   if (f == nullptr) return std::nullopt;
-  std::array<unsigned char, kHeaderBytes> h{};
-  const bool gotHeader = std::fread(h.data(), 1, h.size(), f) == h.size();
-  const uint32_t dataBytes = getLe32(&h[40]);
-  const bool ours = gotHeader && std::memcmp(&h[0], "RIFF", 4) == 0 &&
-                    std::memcmp(&h[8], "WAVEfmt ", 8) == 0 && getLe16(&h[20]) == 1 &&
-                    getLe16(&h[22]) == 1 && getLe32(&h[24]) == kSampleRate &&
-                    getLe16(&h[34]) == 16 && std::memcmp(&h[36], "data", 4) == 0 &&
-                    dataBytes % 2 == 0 && dataBytes > 0;
   std::optional<std::vector<int16_t>> result;
-  if (ours) {
-    std::vector<unsigned char> bytes(dataBytes);
-    if (std::fread(bytes.data(), 1, bytes.size(), f) == bytes.size()) {
-      std::vector<int16_t> samples(dataBytes / 2);
-      for (size_t i = 0; i < samples.size(); ++i)
-        samples[i] = static_cast<int16_t>(getLe16(&bytes[2 * i]));
-      result = std::move(samples);
-    }
+  if (const auto dataBytes = readOurHeader(f)) result = readSamples(f, *dataBytes / 2);
+  std::fclose(f);
+  return result;
+}
+
+std::optional<std::vector<int16_t>> readWavRange(const std::string& path, size_t from,
+                                                 size_t count, size_t* totalSamples) {
+  std::FILE* f = std::fopen(path.c_str(), "rb");
+  if (f == nullptr) return std::nullopt;
+  std::optional<std::vector<int16_t>> result;
+  const auto dataBytes = readOurHeader(f);
+  if (dataBytes && from < *dataBytes / 2 &&
+      std::fseek(f, long(kHeaderBytes + from * 2), SEEK_SET) == 0) {
+    *totalSamples = *dataBytes / 2;
+    result = readSamples(f, std::min(count, *totalSamples - from));
   }
   std::fclose(f);
   return result;

@@ -9,6 +9,7 @@
 #include <sstream>
 
 #include "theka_tokens.h"
+#include "tonvex/tonvex.h"
 
 namespace tonvex_render {
 namespace {
@@ -16,7 +17,6 @@ namespace {
 // The library's limits on durations (see tonvex.h).
 constexpr double kMinDurationMs = 1;
 constexpr double kMaxDurationMs = 60000;
-constexpr double kMaxTotalMs = 600000;
 // The library takes at most this many theka strokes in one note (the count
 // of a theka token, tokens.cpp); a short beat under a long note would give
 // more, and the library would refuse the whole phrase.
@@ -76,7 +76,9 @@ std::string text(const std::map<std::string, std::string>& opt, const char* name
   return found == opt.end() ? "" : found->second;
 }
 
-std::string checkDurations(const std::vector<std::string>& durations) {
+}  // namespace
+
+std::string durationsProblem(const std::vector<std::string>& durations) {
   double total = 0;
   for (const std::string& word : durations) {
     double ms = 0;
@@ -85,10 +87,17 @@ std::string checkDurations(const std::vector<std::string>& durations) {
              formatted(kMaxDurationMs) + " for each note, not \"" + word + "\"";
     total += ms;
   }
-  if (total > kMaxTotalMs)
-    return "--durations add up to more than " + formatted(kMaxTotalMs) + " ms";
+  if (total > tonvex::kMaxMusicMs)
+    return "the notes last " + std::to_string(std::llround(total)) +
+           " ms; a render lasts at most " + std::to_string(std::llround(tonvex::kMaxMusicMs)) +
+           " ms (60 minutes)";
+  if (durations.size() > size_t(tonvex::kMaxMusicNotes))
+    return std::to_string(durations.size()) + " notes; a render holds at most " +
+           std::to_string(tonvex::kMaxMusicNotes);
   return "";
 }
+
+namespace {
 
 const char* const kOptions[] = {"-o",     "--tonic",     "--notes",      "--gen",
                                 "--durations", "--drone", "--drone-mix", "--drone-factor",
@@ -130,7 +139,7 @@ std::string readRenderArgs(const std::vector<std::string>& words, RenderArgs& ar
   args.notes = text(opt, "--notes");
   std::istringstream durations(text(opt, "--durations"));
   for (std::string word; durations >> word;) args.durations.push_back(word);
-  if (!(problem = checkDurations(args.durations)).empty()) return problem;
+  if (!(problem = durationsProblem(args.durations)).empty()) return problem;
   if (!(problem = wholeIn(opt, "--drone-mix", 0, 2, args.droneMix)).empty()) return problem;
   if (drone == "none") args.droneMix = 0;
   if (!(problem = decimalIn(opt, "--level", 0, 1, args.level)).empty()) return problem;
@@ -138,7 +147,7 @@ std::string readRenderArgs(const std::vector<std::string>& words, RenderArgs& ar
   args.tala = text(opt, "--tala");
   if (args.tala.empty()) return "";
   const auto cycle = builtInTheka(args.tala);
-  if (!cycle) return "unknown tala \"" + args.tala + "\"";
+  if (!cycle) return "unknown tala \"" + args.tala + "\"; --tala takes " + builtInTalaNames();
   if (args.setup.kitFile.empty()) return "--tala needs --kit";
   if (!(problem = wholeIn(opt, "--beat-ms", 1, 10000, args.beatMs)).empty()) return problem;
   if (!(problem = checkStrokesPerNote(args.durations, args.beatMs)).empty()) return problem;

@@ -29,6 +29,11 @@ struct RenderArgs {
 // values it takes.
 std::string readRenderArgs(const std::vector<std::string>& words, RenderArgs& args);
 
+// What is wrong with the notes' durations ("" when nothing): each 1 to
+// 60000 ms, 60 minutes and kMaxMusicNotes notes in all at most, the limit
+// named. Checked again once notes without --durations get 1000 ms each.
+std::string durationsProblem(const std::vector<std::string>& durations);
+
 // Why `path` may not be written ("" when it may): only a new path or an
 // existing regular file is replaced, never a device, a folder or a pipe (the
 // library writes "<path>.part" and renames it over `path`).

@@ -1,5 +1,5 @@
 // Sets the library up for the renderer as the application does at start-up,
-// but from the generated seed design instead of the store: both sets loaded
+// but from the seed bank written at build time instead of the store: both sets loaded
 // and tuned to the built-in music set of a tonic, the drone prepared, and a
 // tabla kit loaded if one is named. Changes the library's state.
 #pragma once
@@ -13,6 +13,7 @@ struct SetupOptions {
   int droneType = 1;        // 1 Pa, 2 Ma, 3 Ni
   double droneFactor = 1.0;
   std::string kitFile;      // empty: no theka
+  std::string seedBankFile; // the build's seed bank; empty or unreadable: seeds made anew
 };
 
 // Returns an error text, empty on success.

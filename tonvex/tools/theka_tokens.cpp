@@ -1,4 +1,5 @@
-// Built-in thekas of six common talas and their placement on a phrase.
+// Built-in thekas of the library's twelve talas and their placement on a
+// phrase.
 // Stateless.
 #include "theka_tokens.h"
 
@@ -7,16 +8,48 @@
 
 namespace tonvex_render {
 
+namespace {
+
+struct BuiltInTala {
+  std::string_view name;
+  std::vector<int> bols;  // Theka Bol Id of each beat
+};
+
+// The thekas of the library's twelve talas (content/talas.rec, the default
+// kit's theka type 4; a test keeps the two equal). Dha 1, Dhin 2, Ta 3,
+// Tin 4, Na 5, Tun 6, Ge 7, Ke 8, Ti 9, Ki 11, Dhi 13, Ga 14, Tirakita 16,
+// Dhage 17, Kat 19.
+const std::vector<BuiltInTala>& builtInTalas() {
+  static const std::vector<BuiltInTala> talas = {
+      {"teentaal", {1, 2, 2, 1, 1, 2, 2, 1, 1, 4, 4, 3, 3, 2, 2, 1}},
+      {"ektaal", {2, 2, 17, 16, 6, 5, 19, 3, 17, 16, 13, 5}},
+      {"jhaptaal", {13, 5, 13, 13, 5, 9, 5, 13, 13, 5}},
+      {"rupak", {4, 4, 5, 13, 5, 13, 5}},
+      {"keherwa", {1, 7, 5, 9, 5, 8, 13, 5}},
+      {"dadra", {1, 13, 5, 1, 9, 5}},
+      {"chautaal", {1, 1, 2, 3, 11, 1, 2, 3, 9, 19, 14, 14}},
+      {"jhoomra", {2, 1, 16, 2, 2, 17, 16, 4, 3, 16, 2, 2, 17, 16}},
+      {"tilwada", {1, 16, 2, 2, 1, 1, 4, 4, 3, 16, 2, 2, 1, 1, 2, 2}},
+      {"deepchandi", {1, 2, 7, 1, 1, 4, 7, 3, 4, 8, 1, 1, 2, 7}},
+      {"dhamar", {19, 13, 3, 13, 3, 1, 7, 14, 9, 3, 9, 3, 3, 8}},
+      {"sooltaal", {1, 1, 2, 3, 11, 1, 9, 19, 14, 14}},
+  };
+  return talas;
+}
+
+}  // namespace
+
 std::optional<std::vector<int>> builtInTheka(std::string_view talaName) {
-  // Dha 1, Dhin 2, Ta 3, Tin 4, Na 5, Tun 6, Ge 7, Ke 8, Ti 9, Dhi 13,
-  // Tirakita 16, Dhage 17, Kat 19.
-  if (talaName == "teentaal") return std::vector<int>{1, 2, 2, 1, 1, 2, 2, 1, 1, 4, 4, 3, 3, 2, 2, 1};
-  if (talaName == "ektaal") return std::vector<int>{2, 2, 17, 16, 6, 5, 19, 3, 17, 16, 13, 5};
-  if (talaName == "jhaptaal") return std::vector<int>{13, 5, 13, 13, 5, 9, 5, 13, 13, 5};
-  if (talaName == "rupak") return std::vector<int>{4, 4, 5, 13, 5, 13, 5};
-  if (talaName == "keherwa") return std::vector<int>{1, 7, 5, 9, 5, 8, 13, 5};
-  if (talaName == "dadra") return std::vector<int>{1, 13, 5, 1, 9, 5};
+  for (const BuiltInTala& tala : builtInTalas())
+    if (tala.name == talaName) return tala.bols;
   return std::nullopt;
+}
+
+std::string builtInTalaNames() {
+  std::string names;
+  for (const BuiltInTala& tala : builtInTalas())
+    names += (names.empty() ? "" : "|") + std::string(tala.name);
+  return names;
 }
 
 std::vector<std::string> thekaTokens(const std::vector<double>& durationsMs, double beatMs,

@@ -10,9 +10,12 @@
 
 namespace tonvex_render {
 
-// Theka Bol Ids of one cycle of a built-in tala ("teentaal", "ektaal",
-// "jhaptaal", "rupak", "keherwa", "dadra"), or nullopt.
+// Theka Bol Ids of one cycle of a tala of the library by its name in lower
+// case ("teentaal", "ektaal", ... "sooltaal"), or nullopt.
 std::optional<std::vector<int>> builtInTheka(std::string_view talaName);
+
+// The names builtInTheka knows, in the library's order, joined by "|".
+std::string builtInTalaNames();
 
 // One token per note: "0" when no stroke starts within the note, otherwise
 // count/bol/.../offset, strokes falling every beatMs from the phrase's start

@@ -3,6 +3,7 @@
 // tonvex/README.md. Stateless apart from the library it sets up.
 #include <cstdio>
 #include <cstdlib>
+#include <filesystem>
 #include <sstream>
 #include <string>
 #include <vector>
@@ -21,10 +22,12 @@ const char* const kUsage =
     "usage: tonvex-render -o OUT.wav [--tonic 1-12] (--notes \"S R G'm\" | --gen \"12 14 1617\")\n"
     "         [--durations \"500 500 1000\" (1-60000 each)] [--drone pa|ma|ni|none]\n"
     "         [--drone-mix 0-2] [--drone-factor 0.5-1.5] [--level 0-1]\n"
-    "         [--tala teentaal|ektaal|jhaptaal|rupak|keherwa|dadra --kit clb.nvy\n"
+    "         [--tala TALA --kit clb.nvy\n"
     "          [--beat-ms 1-10000 (700)] [--start-beat 1-beats (1)]]\n"
     "       tonvex-render -o OUT.wav --drone-cycles 1-100 [--tonic 1-12] [--drone pa|ma|ni]\n"
-    "OUT.wav is a new file, or a regular file that is replaced.\n";
+    "OUT.wav is a new file, or a regular file that is replaced. TALA is one of\n"
+    "teentaal ektaal jhaptaal rupak keherwa dadra chautaal jhoomra tilwada\n"
+    "deepchandi dhamar sooltaal.\n";
 
 std::vector<std::string> words(const std::string& text) {
   std::istringstream in(text);
@@ -62,6 +65,20 @@ bool phraseTokens(const RenderArgs& args, std::vector<std::string>& tokens, std:
   return true;
 }
 
+// The seed bank the build wrote beside the data files: ../nadavik from the
+// program in the build folder, ../share/nadavik once installed; "" when
+// there is none (the seeds are then made anew).
+std::string seedBankBesideProgram() {
+  std::error_code ec;
+  const auto program = std::filesystem::read_symlink("/proc/self/exe", ec);
+  if (ec) return "";
+  for (const char* folder : {"../nadavik", "../share/nadavik"}) {
+    const auto path = program.parent_path() / folder / "tonvex-seeds.bank";
+    if (std::filesystem::is_regular_file(path, ec)) return path.string();
+  }
+  return "";
+}
+
 int render(const RenderArgs& args) {
   std::vector<std::string> tokens;
   std::string error;
@@ -70,6 +87,7 @@ int render(const RenderArgs& args) {
   std::vector<std::string> durations = args.durations;
   if (durations.empty()) durations.assign(tokens.size(), "1000");
   if (durations.size() != tokens.size()) return fail("one duration is needed for each note");
+  if (const std::string problem = durationsProblem(durations); !problem.empty()) return fail(problem);
   const int count = int(tokens.size());
   const std::string& out = args.outFile;
   if (args.tala.empty()) {
@@ -97,6 +115,7 @@ int main(int argc, char** argv) {
   std::string problem = readRenderArgs({argv + 1, argv + argc}, args);
   if (problem.empty()) problem = outputPathProblem(args.outFile);
   if (!problem.empty()) return fail(problem);
+  args.setup.seedBankFile = seedBankBesideProgram();
   const std::string error = setUpLibrary(args.setup);
   if (!error.empty()) return fail(error);
   if (args.droneCycles > 0) {

@@ -1,5 +1,6 @@
-// tonvex-seeds: writes the seed and tuning records of the library store.
-//   tonvex-seeds <output.rec>
+// tonvex-seeds: writes the seed and tuning records of the library store, and
+// the seed bank that tonvex-render reads at start-up (seed_bank.h).
+//   tonvex-seeds <output.rec> <seed bank>
 // Rows: "Note Specifications" and "Sample Values" for the harmonium set "c"
 // and the tanpura set "e" (notes 0 to 40 each), "ONPRSets" (just ratios of the
 // 27 notes around each tonic, per instrument type) and "ONPR" (the SPC
@@ -9,6 +10,7 @@
 #include <fstream>
 #include <string>
 
+#include "seed_bank.h"
 #include "tonvex/seed_design.h"
 #include "tonvex/tonvex.h"
 
@@ -64,8 +66,8 @@ void writeTuning(std::ostream& out) {
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (argc != 2) {
-    std::fprintf(stderr, "usage: tonvex-seeds <output.rec>\n");
+  if (argc != 3) {
+    std::fprintf(stderr, "usage: tonvex-seeds <output.rec> <seed bank>\n");
     return 2;
   }
   const std::string path = argv[1];
@@ -86,6 +88,10 @@ int main(int argc, char** argv) {
   std::filesystem::rename(partPath, path, ec);
   if (ec) {
     std::fprintf(stderr, "tonvex-seeds: cannot rename to %s\n", path.c_str());
+    return 1;
+  }
+  if (!tonvex_render::writeSeedBank(tonvex_render::designedSeedBank(), argv[2])) {
+    std::fprintf(stderr, "tonvex-seeds: cannot write %s\n", argv[2]);
     return 1;
   }
   return 0;

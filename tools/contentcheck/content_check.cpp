@@ -9,6 +9,7 @@
 #include <map>
 #include <set>
 
+#include "notation/vibhags.h"
 #include "note_words.h"
 #include "phrase_checks.h"
 
@@ -356,6 +357,18 @@ void checkThekas(Context& c) {
   }
 }
 
+// Every tala's divisions fill its cycle and carry a mark each. A tala
+// without them passes only outside the whole library (small fixtures).
+void checkVibhags(Context& c, bool required) {
+  for (const Row* t : c.rowsOf("Tala - Technical Information")) {
+    const std::string lengths = value(*t, "Vibhag Beats"), marks = value(*t, "Vibhag Marks");
+    if (!required && lengths.empty() && marks.empty()) continue;
+    std::string fault;
+    if (!parseVibhags(lengths, marks, toInt(value(*t, "Beat Count")), &fault))
+      c.report(Fault::VibhagData, *t, "Vibhag Beats", value(*t, "Tala Name") + ": " + fault);
+  }
+}
+
 void checkLibraryWide(Context& c) {
   std::set<int> prompts;
   for (const Row* p : c.rowsOf("Prompts"))
@@ -406,6 +419,7 @@ std::vector<Problem> checkContent(const std::vector<nvstore::Row>& rows, const C
   checkRagas(c);
   checkCompositions(c, options);
   checkThekas(c);
+  checkVibhags(c, options.wholeLibrary);
   if (options.wholeLibrary) checkLibraryWide(c);
   return c.problems;
 }

@@ -28,6 +28,7 @@ enum class Fault {
   FilmSongShipped,      // a film-song row in the library
   ThekaIncomplete,      // a theka without exactly one known bol per beat
   TechnicalData,        // an unknown thata, a drone on a note the raga lacks, a wrong TimeNum
+  VibhagData,           // a tala's divisions missing, or not filling its cycle, or wrongly marked
 };
 
 struct Problem {

@@ -7,7 +7,9 @@
 // The whole program runs in this process (Qt offscreen), as the program
 // tests run it, but with the real audio device. In Yaman, in Demo, it plays
 // the alap phrases, the composition (Asthai and Antara with the theka), then
-// the alap again, stops it in its second phrase, and plays the pakad.
+// the alap again, stops it in its second phrase, and plays the pakad; then
+// it loops the first taan phrase in Learning and in Practice, and stops
+// each loop.
 //
 // Each line of the log is an event and its wall-clock time in seconds:
 //   mark <time> <buffer> <note> <token>   note <note> (1-based) of the
@@ -16,7 +18,7 @@
 //   phrase <time> <file> <start ms>...     after the mark of a phrase's first
 //       note: a copy of its wave file beside the log, and its notes' starts
 //   play <time> <item>                    an item is clicked
-//   stop <time>                           Stop is clicked
+//   stop <time>                           Stop (or Stop Loop) is clicked
 //   end <time>                            the run has ended
 #include <time.h>
 
@@ -35,6 +37,7 @@
 #include "program_harness.h"
 #include "sound/music_buffers.h"
 #include "sound/music_file.h"
+#include "sound/play_chain.h"
 #include "sound/play_state.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
@@ -78,9 +81,22 @@ class Scenario {
     return false;
   }
 
-  void stop() {
+  void stop(const char* button = "cStop") {
     line("stop");
-    p_.fire("MainOperations", "cStop", platform::EventKind::Click);
+    p_.fire("MainOperations", button, platform::EventKind::Click);
+  }
+
+  // In Learning (Option2) or Practice (Option3): the item's first phrase
+  // in the box, looped for about ms, then Stop Loop.
+  bool loop(const char* mode, const std::string& item, long ms) {
+    p_.fire("MainOperations", mode, platform::EventKind::Click);
+    if (!play(item)) return false;
+    run(300, false);
+    p_.fire("MainOperations", "cStartLoop", platform::EventKind::Click);
+    run(ms, false);
+    stop("cStopLoop");
+    run(1500, false);
+    return true;
   }
 
   // Lets the program run for up to ms, watching the marks; with untilEnd,
@@ -101,7 +117,7 @@ class Scenario {
 
  private:
   void watchMarks() {
-    if (gCurrBuffer < 0 || gCurrBuffer >= kMusicBufferCount) return;
+    if (gFirstNoteOwed || gCurrBuffer < 0 || gCurrBuffer >= kMusicBufferCount) return;
     const MusicBuffer& buffer = gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)];
     const std::pair<int, int> mark{gCurrBuffer, buffer.CurrNote};
     if (mark == lastMark_ || buffer.CurrNote < 1 || buffer.CurrNote > buffer.Count) return;
@@ -167,5 +183,6 @@ int main(int argc, char** argv) {
   if (!scenario.play("Pakad")) return 1;
   scenario.run(60000, true);
   scenario.run(500, false);
+  if (!scenario.loop("Option2", "Taan", 14000) || !scenario.loop("Option3", "Taan", 14000)) return 1;
   return 0;
 }

@@ -1,6 +1,8 @@
 // The in-process program harness (see program_harness.h).
 #include "program_harness.h"
 
+#include "platform/qt/qt_pdf.h"
+
 #include <unistd.h>
 
 #include <QApplication>
@@ -51,6 +53,7 @@ ProgramHarness::ProgramHarness() {
     return platform::kAnswerOk;
   });
   platform::setWindowSystem(windows_.get());
+  platform::setPdfSheetFactory(platform::qt::makeQtPdfSheet);
   platform::setEventBoundary(sRunTrapped);
 }
 

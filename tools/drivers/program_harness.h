@@ -34,6 +34,8 @@ class ProgramHarness {
     windows_->setAudioDeviceFactory(std::move(factory));
   }
   const std::vector<RecordedMessage>& messages() const { return messages_; }
+  // The window system, for answering its file dialogs and choice boxes.
+  platform::QtWindowSystem& windows() { return *windows_; }
 
   // Starts the program as a user would: the main window loads and the
   // opening screen is answered with OK (or Cancel).

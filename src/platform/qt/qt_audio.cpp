@@ -75,7 +75,10 @@ class ClipSource : public QIODevice {
   // still knows them.
   explicit ClipSource(const WaveClip& clip)
       : clip_(&clip), sampleRate_(clip.sampleRate), channels_(clip.channels) {
-    open(QIODevice::ReadOnly);
+    // Unbuffered: a buffered QIODevice reads 16 KB (185 ms of mono sound)
+    // ahead of what the output asks for, and a Stop's fade would only be
+    // heard after all of that had played.
+    open(QIODevice::ReadOnly | QIODevice::Unbuffered);
   }
 
   const WaveClip* clip() const { return clip_; }
@@ -119,7 +122,7 @@ class ClipSource : public QIODevice {
   }
 
   bool isSequential() const override { return true; }
-  qint64 bytesAvailable() const override { return endBytes_ - cursorBytes_ + QIODevice::bytesAvailable(); }
+  qint64 bytesAvailable() const override { return endBytes_ - cursorBytes_; }
 
  protected:
   qint64 readData(char* data, qint64 maxSize) override {
@@ -294,8 +297,13 @@ long QtSink::processedMs() const {
   return output_ ? static_cast<long>(output_->processedUSecs() / 1000) : 0;
 }
 
+// Nothing is heard before the output has processed its first samples: a
+// fresh output takes some tens of ms to start, and the first note's mark
+// waits for it.
 long QtSink::heardMs() const {
-  return std::max(0L, processedMs() - rangeStartsAtMs_ + kHeardBeforeProcessedMs);
+  const long processed = processedMs();
+  if (processed == 0) return 0;
+  return std::max(0L, processed - rangeStartsAtMs_ + kHeardBeforeProcessedMs);
 }
 
 long QtSink::remainingMs() const {

@@ -10,8 +10,10 @@
 // has not moved for kStallMs (a lost or stuck output).
 //
 // Clips queued after the range are pulled straight after it from the same
-// source, so the output never closes between them. Stop fades the source
-// out over kFadeOutMs and stops that output once the fade has been played;
+// source, so the output never closes between them. The source hands over
+// only what the output asks for (no read-ahead of its own), so that Stop's
+// fade is what the output reads next. Stop fades the source out over
+// kFadeOutMs and stops that output once the fade has been played;
 // a new start opens a fresh output at once, so nothing of the stopped sound
 // is left to come before it. A stopped output is kept until the next one is
 // stopped, not destroyed at once (see retire()).
@@ -57,16 +59,23 @@ class QtSink : public AudioSink {
   // Measured on a PulseAudio server against recordings of its output
   // (scripts/measure-playback.py, four runs): a sample sounds 10 to 25 ms
   // before the output counts it as processed, because Qt takes the server's
-  // whole latency off that count; with the status ticks' own delay (up to
-  // 10 ms) the middle of that puts a mark within about 15 ms either side of
-  // its note. (Taking a further 30 ms off, as this did before, put every
-  // mark 40 to 70 ms after its note.)
-  static constexpr long kHeardBeforeProcessedMs = 17;
+  // whole latency off that count. A mark comes on the first status tick
+  // after its note is due, half a tick late on average, so half a tick
+  // more is added: at 17 ms the marks of two recorded sessions came 4 to
+  // 11 ms late on average. (Taking a further 30 ms off, as this did before,
+  // put every mark 40 to 70 ms after its note.)
+  static constexpr long kHeardBeforeProcessedMs = 22;
   // Status notifications every 10 ms: a mark comes at most that late.
   static constexpr long kStatusIntervalMs = 10;
   static constexpr long kStallMs = 300;
-  // How much the output holds ahead of what is heard: enough to ride out a
-  // busy interface thread, little enough that a Stop is heard soon.
+  // The latency asked of the sound server: enough to ride out a busy
+  // interface thread, little enough that a Stop is heard soon. PulseAudio
+  // splits it between the stream's buffer and the sink's own latency, and
+  // that much still sounds after a Stop before the fade: on the headless
+  // server, 46 to 69 ms from Stop to silence, the fade included. The
+  // output is fed from the interface thread, 20 ms at a time: at 80 ms a
+  // phrase being built while the machine was busy left gaps of up to
+  // 440 ms, and at 40 to 60 ms the output starved or stalled.
   static constexpr long kBufferMs = 100;
   // A Stop fades the sound out over this time instead of cutting it.
   static constexpr long kFadeOutMs = 10;

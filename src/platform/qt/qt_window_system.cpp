@@ -8,8 +8,14 @@
 #include <QPushButton>
 #include <QFontDatabase>
 #include <QMessageBox>
+#include <QDir>
+#include <QProgressDialog>
 #include <QScreen>
+#include <algorithm>
+#include <atomic>
+#include <chrono>
 #include <cstdlib>
+#include <thread>
 
 #include "platform/audio.h"
 #include "platform/qt/qt_screen.h"
@@ -109,6 +115,41 @@ std::vector<std::string> QtWindowSystem::fontFamilies() const {
 // Devanagari becomes the notation font.
 bool QtWindowSystem::openDocument(const std::string& path) {
   return QDesktopServices::openUrl(QUrl::fromLocalFile(QString::fromStdString(path)));
+}
+
+// The save dialog; the file chooser a harness installs answers it too.
+std::string QtWindowSystem::chooseFileToSave(const std::string& title, const std::string& folder,
+                                             const std::string& proposedName, const std::string& nameFilter) {
+  if (fileChooser_) return fileChooser_(title);
+  const QString start = QDir(QString::fromStdString(folder)).filePath(QString::fromStdString(proposedName));
+  return QFileDialog::getSaveFileName(nullptr, QString::fromStdString(title), start, QString::fromStdString(nameFilter))
+      .toStdString();
+}
+
+// The job runs on a thread of its own; this thread keeps the box alive,
+// shows the job's progress in thousandths and passes Cancel on.
+void QtWindowSystem::runWithProgress(const std::string& caption,
+                                     const std::function<void(const ProgressReport&)>& job) {
+  constexpr int kSteps = 1000;
+  QProgressDialog box(QString::fromStdString(caption), QStringLiteral("Cancel"), 0, kSteps);
+  box.setWindowModality(Qt::ApplicationModal);
+  box.setMinimumDuration(300);
+  std::atomic<int> done{0};
+  std::atomic<bool> cancelled{false}, finished{false};
+  std::thread worker([&] {
+    job([&](double fraction) {
+      done = static_cast<int>(std::clamp(fraction, 0.0, 1.0) * kSteps);
+      return !cancelled.load();
+    });
+    finished = true;
+  });
+  while (!finished) {
+    box.setValue(std::min(done.load(), kSteps - 1));
+    if (box.wasCanceled()) cancelled = true;
+    QCoreApplication::processEvents(QEventLoop::AllEvents, 20);
+    std::this_thread::sleep_for(std::chrono::milliseconds(10));
+  }
+  worker.join();
 }
 
 int QtWindowSystem::addFontResource(const std::string& path) {

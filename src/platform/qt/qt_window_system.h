@@ -54,6 +54,9 @@ class QtWindowSystem : public WindowSystem {
                 const std::vector<std::string>& choices) override;
   std::string chooseFileToOpen(const std::string& title, const std::string& folder,
                                const std::string& nameFilter) override;
+  std::string chooseFileToSave(const std::string& title, const std::string& folder, const std::string& proposedName,
+                               const std::string& nameFilter) override;
+  void runWithProgress(const std::string& caption, const std::function<void(const ProgressReport&)>& job) override;
   float screenWidth() const override;
   float screenHeight() const override;
   std::vector<std::string> fontFamilies() const override;

@@ -44,6 +44,14 @@ double justRatio(int semitonesFromSa);
 // The drone set's ratios are half, as it sounds an octave lower.
 std::array<double, kOnprColumns> onprRatios(int instrumentType);
 
+// The SPC correction that tunes a note (0 to 40) of an instrument to its
+// just ratio to the main set's middle Sa (note tonic + 9) at a tonic (1 to
+// 12), in whichever octave it lies: the period of that ratio less the seed's
+// own period. For the notes outside the 27 columns this is the program's
+// octave rule (a note takes the tuned period of the same swara an octave
+// further in, doubled or halved), as the seeds are equal-tempered.
+double justCorrection(int tonicId, int instrumentType, int noteId);
+
 // The "ONPR" SPC corrections of the built-in music set of a tonic (1 to 12):
 // for column i, the period that gives the note its just ratio to the main
 // set's middle Sa (note tonic + 9) less the seed's own period. Columns whose

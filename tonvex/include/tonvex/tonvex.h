@@ -55,6 +55,10 @@ inline constexpr int kSampleRate = 44100;
 inline constexpr int kMaxNoteId = 40;
 // Length of one drone cycle in milliseconds.
 inline constexpr int kDroneCycleMs = 3200;
+// Longest music file, in milliseconds of notes (60 minutes), and the most
+// notes one file holds.
+inline constexpr double kMaxMusicMs = 3600000.0;
+inline constexpr int32_t kMaxMusicNotes = 200000;
 
 }  // namespace tonvex
 
@@ -111,7 +115,9 @@ int16_t FWavGenerateDroneFile(int32_t droneCycles, const std::string& outFile, i
 // Writes the notes in order. notes: blank-separated tokens (runs of blanks are
 // accepted) of two digits (a note) or four digits (grace note then main note);
 // durations: one decimal number of milliseconds per token, each 1 to 60000,
-// 600000 in total at most. noteCount must equal the number of tokens of both.
+// kMaxMusicMs (60 minutes) in total at most. noteCount (1 to kMaxMusicNotes)
+// must equal the number of tokens of both. The file is mixed in blocks and
+// written as it is mixed, so its length costs no memory.
 int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
                               const std::string& durations, const std::string& outFile,
                               int32_t droneMix, double level, int32_t synthVolume,
