@@ -62,6 +62,22 @@ void addRun(const float* table, ReedPair& r, float gain, float gainStep, const f
   r.phaseB = b;
 }
 
+// addRun at a steady gain of 1, where nearly every sample of a note is: the
+// same sums (a product by 1 is exact) without the gain ramp, with the pair's
+// constants held in registers (out may alias them, as far as the compiler
+// knows) and each sample's phases taken from the run's start.
+void addSteadyRun(const float* table, ReedPair& r, const float* env, float* out, int64_t n) {
+  const uint32_t a = r.phaseA, b = r.phaseB, incA = r.incA, incB = r.incB;
+  const float ampA = r.ampA, ampB = r.ampB;
+  for (int64_t i = 0; i < n; ++i) {
+    const uint32_t step = static_cast<uint32_t>(i);
+    out[i] += (tableValue(table, a + incA * step) * ampA + tableValue(table, b + incB * step) * ampB) *
+              env[i];
+  }
+  r.phaseA = a + incA * static_cast<uint32_t>(n);
+  r.phaseB = b + incB * static_cast<uint32_t>(n);
+}
+
 struct Span {
   int64_t from, to;          // samples from the token's start
   int64_t fadeInEnd;         // gain rises 0 -> 1 over [from, fadeInEnd)
@@ -81,7 +97,7 @@ void addSeed(const NoteSeed& seed, ReedPhases p, float gain, const Span& s, cons
     addRun(table, reeds, 0.0f, 1.0f / float(fadeIn), env + at, out + at, fadeIn);
     at = s.fadeInEnd;
   }
-  addRun(table, reeds, 1.0f, 0.0f, env + at, out + at, s.fadeOutStart - at);
+  addSteadyRun(table, reeds, env + at, out + at, s.fadeOutStart - at);
   at = s.fadeOutStart;
   if (fadeOut > 0) addRun(table, reeds, 1.0f, -1.0f / float(fadeOut), env + at, out + at, fadeOut);
 }
