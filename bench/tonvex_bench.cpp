@@ -3,7 +3,7 @@
 // same speed: the mix is written block by block, whatever its length), the
 // renderer's start-up from the seed bank (goal: under 10 ms), loading and
 // tuning both seed sets, and preparing the drone (done on a change of tonic
-// or drone type).
+// or drone type), afresh and from the cache.
 #include <benchmark/benchmark.h>
 
 #include <filesystem>
@@ -126,18 +126,33 @@ void BM_LoadAndTuneBothSeedSets(benchmark::State& state) {
 }
 BENCHMARK(BM_LoadAndTuneBothSeedSets)->Unit(benchmark::kMillisecond);
 
-void BM_PrepareDrone(benchmark::State& state) {
+// A drone for strings not heard lately: rendered afresh (four Sa notes in
+// turn, more than the cache keeps).
+void BM_PrepareDroneAfresh(benchmark::State& state) {
+  if (!tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE, TONVEX_SEED_BANK}).empty()) {
+    state.SkipWithError("library set-up failed");
+    return;
+  }
+  int32_t step = 0;
+  for (auto _ : state)
+    if (FWavLoadDroneData("", 24 + step++ % 4, 1, "e", 1.0, 1) != 1) state.SkipWithError("drone failed");
+}
+BENCHMARK(BM_PrepareDroneAfresh)->Unit(benchmark::kMillisecond);
+
+// Two drone types in turn, as two tonics in turn: the drone comes from the
+// cache (goal: a tonic switch under 15 ms in all).
+void BM_PrepareDroneHeardLately(benchmark::State& state) {
   if (!tonvex_render::setUpLibrary({3, 1, 1.0, TONVEX_KIT_FILE, TONVEX_SEED_BANK}).empty()) {
     state.SkipWithError("library set-up failed");
     return;
   }
   int32_t droneType = 1;
   for (auto _ : state) {
-    droneType = 3 - droneType;  // a new type each time, so the cycle is rendered
+    droneType = 3 - droneType;
     if (FWavLoadDroneData("", 24, droneType, "e", 1.0, 1) != 1) state.SkipWithError("drone failed");
   }
 }
-BENCHMARK(BM_PrepareDrone)->Unit(benchmark::kMillisecond);
+BENCHMARK(BM_PrepareDroneHeardLately)->Unit(benchmark::kMillisecond);
 
 }  // namespace
 

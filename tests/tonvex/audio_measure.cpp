@@ -69,6 +69,25 @@ double maxStep(const std::vector<float>& x, size_t from, size_t to) {
   return step;
 }
 
+double toneLevelDb(const std::vector<float>& x, size_t from, size_t to, double hz) {
+  const double n = double(to - from), pi = 3.141592653589793;
+  double re = 0.0, im = 0.0;
+  for (size_t i = from; i < to; ++i) {
+    const double t = double(i - from), w = 0.5 - 0.5 * std::cos(2 * pi * t / n);
+    re += w * x[i] * std::cos(2 * pi * hz * t / 44100.0);
+    im -= w * x[i] * std::sin(2 * pi * hz * t / 44100.0);
+  }
+  return 10.0 * std::log10((re * re + im * im) * 16.0 / (3.0 * n * n) + 1e-30);
+}
+
+double bandLevelDb(const std::vector<float>& x, size_t from, size_t to, double loHz, double hiHz) {
+  const double binHz = 44100.0 / double(to - from);
+  double power = 0.0;  // Parseval over the band's bins, the Hann window's power 3/8
+  for (double hz = std::ceil(loHz / binHz) * binHz; hz < hiHz; hz += binHz)
+    power += std::pow(10.0, toneLevelDb(x, from, to, hz) / 10.0);
+  return 10.0 * std::log10(power + 1e-30);
+}
+
 double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to) {
   int crossings = 0;
   for (size_t n = from + 1; n < to; ++n) crossings += (x[n - 1] < 0) != (x[n] < 0);

@@ -1,5 +1,6 @@
 // Measurements of rendered audio for the tonvex and sound tests: reading a file,
-// pitch by long-lag correlation, RMS, largest step, zero-crossing rate, and a
+// pitch by long-lag correlation, RMS, band level, largest step, zero-crossing
+// rate, and a
 // scratch directory for output files. Stateless.
 #pragma once
 
@@ -25,6 +26,15 @@ double rms(const std::vector<float>& x, size_t from, size_t to);
 
 // Largest |x[n] - x[n-1]| for n in [from, to).
 double maxStep(const std::vector<float>& x, size_t from, size_t to);
+
+// Level in dB of the component at hz in [from, to): one bin of a
+// Hann-windowed DFT, scaled so that the bins of a band add up to its mean
+// square (full scale 0 dB).
+double toneLevelDb(const std::vector<float>& x, size_t from, size_t to, double hz);
+
+// Level in dB of the components between loHz and hiHz in [from, to): the
+// power of those bins.
+double bandLevelDb(const std::vector<float>& x, size_t from, size_t to, double loHz, double hiHz);
 
 // Zero crossings per second in [from, to): a rough measure of brightness.
 double zeroCrossingRate(const std::vector<float>& x, size_t from, size_t to);

@@ -39,18 +39,17 @@ void fillNoteEnvelope(const EnvelopeShape& shape, int64_t holdSamples, bool last
   const int64_t releaseStart = lastNote ? holdSamples - release : holdSamples;
   const float sustain = shape.peak * shape.sustain;
   env.resize(static_cast<size_t>(releaseStart + release));
-  for (int64_t n = 0; n < releaseStart; ++n) {
-    float level;
-    if (n < attack) {
-      const float t = float(n) / float(attack);
-      level = shape.peak * t * t * (3.0f - 2.0f * t);
-    } else if (n < 2 * attack) {
-      level = shape.peak + (sustain - shape.peak) * float(n - attack) / float(attack);
-    } else {
-      level = sustain;
-    }
-    env[static_cast<size_t>(n)] = level;
+  // Attack, fall to the sustain over as long again, then the sustain: three
+  // loops without a branch in them.
+  const int64_t attackEnd = std::min(attack, releaseStart);
+  const int64_t fallEnd = std::min(2 * attack, releaseStart);
+  for (int64_t n = 0; n < attackEnd; ++n) {
+    const float t = float(n) / float(attack);
+    env[static_cast<size_t>(n)] = shape.peak * t * t * (3.0f - 2.0f * t);
   }
+  for (int64_t n = attackEnd; n < fallEnd; ++n)
+    env[static_cast<size_t>(n)] = shape.peak + (sustain - shape.peak) * float(n - attack) / float(attack);
+  std::fill(env.begin() + fallEnd, env.begin() + releaseStart, sustain);
   const float from = releaseStart > 0 ? env[static_cast<size_t>(releaseStart - 1)] : 0.0f;
   for (int64_t n = 0; n < release; ++n)
     env[static_cast<size_t>(releaseStart + n)] = from * float(release - 1 - n) / float(release);

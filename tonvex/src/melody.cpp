@@ -1,12 +1,15 @@
 // Phrase planning: note starts on the rounded running sums of the durations
-// (so the file's length is their sum to within a sample) and one reed voice
-// per token. Stateless.
+// (so the file's length is their sum to within a sample), one reed voice
+// per token, and the seed of the reeds' noisy onsets, taken from the
+// phrase's text so that the same phrase always renders the same file.
+// Stateless.
 #include "melody.h"
 
 #include <algorithm>
 #include <cmath>
 
 #include "tokens.h"
+#include "variation.h"
 
 namespace tonvex {
 namespace {
@@ -67,7 +70,8 @@ std::optional<MelodyPlan> planMelody(const LibraryState& state, const MusicReque
   auto voices = tokenVoices(*set, *tokens, *durations, *starts);
   if (!voices) return std::nullopt;
   const float gain = std::min(kMaxMelodyPeak, kMelodyPerLevel * float(r.level)) * float(r.synthVolume);
-  return MelodyPlan{std::move(*voices), std::move(*starts), *shape, gain};
+  return MelodyPlan{std::move(*voices), std::move(*starts), *shape, gain,
+                    seedFromText(r.durations, seedFromText(r.notes))};
 }
 
 float droneGainFor(const LibraryState& state, int32_t droneMix) {

@@ -30,6 +30,7 @@ struct MelodyPlan {
   std::vector<int64_t> noteStarts;    // first sample of each note, then the total
   EnvelopeShape shape;
   float gain = 0.0f;                  // the melody's gain from level and synthVolume
+  uint64_t onsetSeed = 0;             // seeds the reeds' noisy onsets
 };
 
 // Checks the request against the state (notes, durations, envelope

@@ -1,10 +1,13 @@
-// Block mixing. The notes' voices are rendered whole, each when the block
-// it starts in comes up, into a melody window that holds only the samples
-// not yet mixed (a note's voice runs on past the block into its release);
-// each block of the window then gets, in place, the bellows,
-// the edge fades, the drone, the theka strokes, the limiter and the 16-bit
-// conversion while it is in the cache, and goes to the sink. The order of
+// Block mixing. The notes' voices are rendered whole, each with its noisy
+// reed onset, when the block it starts in comes up, into a melody window
+// that holds only the samples not yet mixed (a note's voice runs on past the
+// block into its release); each block of the window then gets, in place,
+// the bellows, the edge fades, the drone, the theka strokes, the limiter
+// and the 16-bit conversion while it is in the cache, and goes to the sink. The order of
 // the operations on each sample is that of mixing the whole file at once.
+// A note that repeats the one before it is struck again: the first fades
+// out 30 ms before the second's fresh attack, as a player lifts the finger
+// and presses the key again, so "S S R R" is four notes, not two.
 // Stateless.
 #include "mix_render.h"
 
@@ -18,12 +21,14 @@
 #include "pcm.h"
 #include "theka_mix.h"
 #include "tonvex/tonvex.h"
+#include "variation.h"
 #include "vector_clones.h"
 
 namespace tonvex {
 namespace {
 
 constexpr int64_t kEdgeFadeSamples = 132;  // 3 ms
+constexpr int64_t kRestrikeGapSamples = 30 * kSampleRate / 1000;
 // Soft limiter: above the knee, peaks bend smoothly towards the ceiling.
 constexpr float kLimiterKnee = 0.8f, kLimiterCeiling = 0.97f;
 constexpr int64_t kBellowsStep = 256;
@@ -61,7 +66,7 @@ class MelodyWindow {
 };
 
 // The bellows: a player cannot hold the pressure quite steady, so the reeds'
-// loudness swells by a few percent at two slow, unrelated rates (0.41 and
+// loudness swells by a percent or two at two slow, unrelated rates (0.41 and
 // 0.13 Hz). The pressure is known every 256 samples from the file's start,
 // by stepping the two sines' phasors, and interpolated between.
 class Bellows {
@@ -82,7 +87,7 @@ class Bellows {
   static std::complex<double> stepOf(double hz) {
     return std::polar(1.0, 2.0 * std::numbers::pi * hz * double(kBellowsStep) / kSampleRate);
   }
-  float pressure() const { return float(1.0 + 0.03 * fast_.imag() + 0.02 * slow_.imag()); }
+  float pressure() const { return float(1.0 + 0.012 * fast_.imag() + 0.008 * slow_.imag()); }
   void step() {
     static const std::complex<double> fastStep = stepOf(0.41), slowStep = stepOf(0.13);
     fast_ *= fastStep;
@@ -129,15 +134,26 @@ TONVEX_VECTOR_CLONES void limitPeaks(int64_t n, float* block) {
   }
 }
 
-// Renders the voice of note i, with its envelope, into the window; the last
-// note fades inside the file.
-void addVoice(const MixPlan& p, size_t i, ReedPhases& phases, std::vector<float>& env,
-              MelodyWindow& window) {
+// Whether voice i is followed by a press of the same key, to be struck again.
+bool restruck(std::span<const TokenVoice> voices, size_t i) {
+  return i + 1 < voices.size() && voices[i + 1].grace == nullptr && voices[i + 1].main == voices[i].main;
+}
+
+// Renders the voice of note i, with its envelope and onset, into the
+// window; the last note fades inside the file, and so does a note before its
+// own repetition, kRestrikeGapSamples (at most a quarter of the note) early.
+void addVoice(const MixPlan& p, size_t i, ReedPhases& phases, Variation& onsets,
+              std::vector<float>& env, MelodyWindow& window) {
   const int64_t start = p.noteStarts[i], total = p.noteStarts.back();
-  fillNoteEnvelope(p.shape, p.voices[i].nextStart, i + 1 == p.voices.size(), env);
+  const int64_t hold = p.voices[i].nextStart;
+  if (restruck(p.voices, i))
+    fillNoteEnvelope(p.shape, hold - std::min(kRestrikeGapSamples, hold / 4), true, env);
+  else
+    fillNoteEnvelope(p.shape, hold, i + 1 == p.voices.size(), env);
   env.resize(size_t(std::min<int64_t>(int64_t(env.size()), total - start)));
-  addTokenVoice(p.voices[i], env, p.melodyGain, phases,
-                window.room(start, int64_t(env.size())));
+  float* out = window.room(start, int64_t(env.size()));
+  addTokenVoice(p.voices[i], env, p.melodyGain, phases, out);
+  addReedOnset(onsets, p.melodyGain * p.shape.peak, out, int64_t(env.size()));
 }
 
 }  // namespace
@@ -147,15 +163,17 @@ TONVEX_VECTOR_CLONES bool renderMix(const MixPlan& p, SampleSink& sink) {
   MelodyWindow window;
   Bellows bellows;
   ReedPhases phases;
+  Variation onsets(p.onsetSeed);
   std::vector<float> env;
   size_t nextVoice = 0, dronePhase = p.dronePhase;
-  ThekaBlocks theka(p.kit ? placeTheka(*p.kit, p.theka, p.noteStarts, p.beatSamples, p.thekaGain)
+  ThekaBlocks theka(p.kit ? placeTheka(*p.kit, p.theka, p.noteStarts, p.beatSamples,
+                                       p.thekaGain, p.thekaCycle)
                           : std::vector<PlacedStroke>{});
   std::array<int16_t, kMixBlockSamples> pcm;
   for (int64_t from = 0; from < total; from += kMixBlockSamples) {
     const int64_t n = std::min(kMixBlockSamples, total - from);
     for (; nextVoice < p.voices.size() && p.noteStarts[nextVoice] < from + n; ++nextVoice)
-      addVoice(p, nextVoice, phases, env, window);
+      addVoice(p, nextVoice, phases, onsets, env, window);
     float* block = window.room(from, n);  // the melody, mixed in place
     bellows.apply(n, block);
     fadeEdges(from, n, total, block);

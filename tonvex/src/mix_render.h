@@ -11,6 +11,7 @@
 #include "library_state.h"
 #include "reed_voice.h"
 #include "sample_sink.h"
+#include "theka_mix.h"
 #include "tokens.h"
 
 namespace tonvex {
@@ -25,6 +26,7 @@ struct MixPlan {
   std::span<const int64_t> noteStarts; // first sample of each note, then the total
   EnvelopeShape shape;                 // every note's envelope
   float melodyGain = 0.0f;
+  uint64_t onsetSeed = 0;              // seeds the reeds' noisy onsets
   const DroneSound* drone = nullptr;   // nullptr: no drone
   float droneGain = 0.0f;
   size_t dronePhase = 0;               // sample of the drone cycle the file begins at
@@ -32,10 +34,12 @@ struct MixPlan {
   std::span<const ThekaToken> theka;   // one per note
   double beatSamples = 0.0;
   float thekaGain = 0.0f;
+  ThekaCycle thekaCycle;               // the strokes' place in the tala cycle
 };
 
 // Renders the plan and writes it to the sink: the melody (each note's voice
-// with its envelope, the reeds' phases carried across notes, a slow bellows
+// with its envelope and a noisy reed onset, the reeds' phases carried across
+// notes, a note that repeats the one before it struck again, a slow bellows
 // swell, 3 ms fades at the file's edges), the drone under it from its
 // phase (no fades, so that successive files join into one drone), the
 // theka's strokes, and a soft limiter that bends peaks above 0.8 of full

@@ -6,6 +6,7 @@
 #include "theka_mix.h"
 #include "tokens.h"
 #include "tonvex/tonvex.h"
+#include "variation.h"
 #include "wav_file.h"
 
 using namespace tonvex;
@@ -20,12 +21,13 @@ constexpr int32_t kMaxBeatMs = 10000, kMaxBeats = 64;
 // file's length, so that the next file goes on from there.
 int16_t writeMusicFile(LibraryState& state, const MusicRequest& request, const MelodyPlan& melody,
                        std::span<const ThekaToken> theka, int32_t beatMs,
-                       const std::string& outFile) {
+                       const ThekaCycle& cycle, const std::string& outFile) {
   MixPlan plan;
   plan.voices = melody.voices;
   plan.noteStarts = melody.noteStarts;
   plan.shape = melody.shape;
   plan.melodyGain = melody.gain;
+  plan.onsetSeed = melody.onsetSeed;
   if (request.droneMix > 0) {
     plan.drone = &*state.drone;
     plan.droneGain = droneGainFor(state, request.droneMix);
@@ -36,6 +38,7 @@ int16_t writeMusicFile(LibraryState& state, const MusicRequest& request, const M
     plan.theka = theka;
     plan.beatSamples = double(beatMs) * kSampleRate / 1000.0;
     plan.thekaGain = kThekaGain;
+    plan.thekaCycle = cycle;
   }
   const auto sink = openWavFileSink(outFile);
   if (!sink || !renderMix(plan, *sink) || !sink->finish()) return 0;
@@ -55,7 +58,7 @@ int16_t FWavGenerateMusicFile(int32_t noteCount, const std::string& notes,
   const MusicRequest request{noteCount,    notes,    durations,  droneMix,  level, synthVolume,
                              peakPermille, attackMs, sustainPct, releaseMs, state.dronePhase};
   const auto melody = planMelody(state, request);
-  return melody ? writeMusicFile(state, request, *melody, {}, 0, outFile) : 0;
+  return melody ? writeMusicFile(state, request, *melody, {}, 0, {}, outFile) : 0;
 }
 
 int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
@@ -74,5 +77,6 @@ int16_t FWavGenerateMusicFile1(int32_t noteCount, const std::string& notes,
   const MusicRequest request{noteCount,    notes,    durations,  droneMix,  level, synthVolume,
                              peakPermille, attackMs, sustainPct, releaseMs, state.dronePhase};
   const auto melody = planMelody(state, request);
-  return melody ? writeMusicFile(state, request, *melody, *tokens, beatMs, outFile) : 0;
+  const ThekaCycle cycle{startBeat, beatCount, seedFromText(theka, seedFromText(notes))};
+  return melody ? writeMusicFile(state, request, *melody, *tokens, beatMs, cycle, outFile) : 0;
 }

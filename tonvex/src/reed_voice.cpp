@@ -1,8 +1,13 @@
 // Reed oscillators. Each reed is a 32-bit phase accumulator whose top
 // kWaveTableBits bits index the wave table and whose rest interpolates
-// linearly, so the period is the note's exact fractional SPC. The second reed
-// sounds 2 cents above the first (weighted so that the perceived pitch stays
-// on the note), giving the slow beating of a harmonium's unison reeds.
+// linearly, so the period is the note's exact fractional SPC. A second, much
+// quieter reed (-18 dB) sounds 2 cents above the first (weighted so that the
+// perceived pitch stays on the note): it gives the unison reeds' slow beating
+// a life without the swell of two equal reeds, which beat by 5 dB and made
+// each harmonic's level depend on where the beat stood (a dry Indian
+// harmonium detunes its unisons by 0 to 3 cents). A held note so swells by
+// under 2 dB, and harmonics keep their level from note to note.
+// Every fresh key press speaks with a few ms of reed noise (addReedOnset).
 // A grace lead crossfades into the main note over up to 8 ms with the phase
 // carried across the switch. Stateless apart from the caller's ReedPhases.
 #include "reed_voice.h"
@@ -20,9 +25,10 @@ constexpr uint32_t kFracMask = (1u << kFracBits) - 1;
 constexpr float kFracScale = 1.0f / float(1u << kFracBits);
 
 // Reed amplitudes and detunings in cents: amplitude-weighted mean 0 cents.
-constexpr float kReedA = 1.0f / 1.7f, kReedB = 0.7f / 1.7f;
-constexpr double kCentsA = -0.8235, kCentsB = 1.1765;
+constexpr float kReedA = 1.0f / 1.12f, kReedB = 0.12f / 1.12f;
+constexpr double kCentsA = -2.0 * 0.12 / 1.12, kCentsB = 2.0 / 1.12;
 constexpr int64_t kCrossfadeSamples = 353;  // 8 ms
+constexpr float kOnsetLevel = 0.5f;           // reed noise, against the note's gain
 
 uint32_t phaseIncrement(const NoteSeed& seed, double cents) {
   const double cyclesPerSample = std::exp2(cents / 1200.0) / seed.effectiveSpc();
@@ -56,6 +62,22 @@ void addRun(const float* table, ReedPair& r, float gain, float gainStep, const f
   r.phaseB = b;
 }
 
+// addRun at a steady gain of 1, where nearly every sample of a note is: the
+// same sums (a product by 1 is exact) without the gain ramp, with the pair's
+// constants held in registers (out may alias them, as far as the compiler
+// knows) and each sample's phases taken from the run's start.
+void addSteadyRun(const float* table, ReedPair& r, const float* env, float* out, int64_t n) {
+  const uint32_t a = r.phaseA, b = r.phaseB, incA = r.incA, incB = r.incB;
+  const float ampA = r.ampA, ampB = r.ampB;
+  for (int64_t i = 0; i < n; ++i) {
+    const uint32_t step = static_cast<uint32_t>(i);
+    out[i] += (tableValue(table, a + incA * step) * ampA + tableValue(table, b + incB * step) * ampB) *
+              env[i];
+  }
+  r.phaseA = a + incA * static_cast<uint32_t>(n);
+  r.phaseB = b + incB * static_cast<uint32_t>(n);
+}
+
 struct Span {
   int64_t from, to;          // samples from the token's start
   int64_t fadeInEnd;         // gain rises 0 -> 1 over [from, fadeInEnd)
@@ -75,7 +97,7 @@ void addSeed(const NoteSeed& seed, ReedPhases p, float gain, const Span& s, cons
     addRun(table, reeds, 0.0f, 1.0f / float(fadeIn), env + at, out + at, fadeIn);
     at = s.fadeInEnd;
   }
-  addRun(table, reeds, 1.0f, 0.0f, env + at, out + at, s.fadeOutStart - at);
+  addSteadyRun(table, reeds, env + at, out + at, s.fadeOutStart - at);
   at = s.fadeOutStart;
   if (fadeOut > 0) addRun(table, reeds, 1.0f, -1.0f / float(fadeOut), env + at, out + at, fadeOut);
 }
@@ -109,6 +131,23 @@ void addTokenVoice(const TokenVoice& voice, std::span<const float> env, float ga
   addSeed(*voice.main, mainStart, gain, Span{switchAt, length, lead, length},
           env.data(), out);
   phases = advanced(mainStart, *voice.main, voice.nextStart - switchAt);
+}
+
+void addReedOnset(Variation& variation, float gain, float* out, int64_t length) {
+  // Noise band-passed to 3 to 5.6 kHz (a one-pole high-pass into a one-pole
+  // low-pass) under a 1.2 ms decay, followed for 6 ms; its level varies by
+  // +-2 dB from press to press.
+  const int64_t n = std::min<int64_t>(length, kSampleRate * 6 / 1000);
+  const float decay = std::exp(-1.0f / (0.0012f * kSampleRate));
+  const float level = gain * kOnsetLevel * float(std::pow(10.0, 0.1 * variation.symmetric()));
+  float envelope = level, low = 0.0f, band = 0.0f;
+  for (int64_t i = 0; i < n; ++i) {
+    const float white = float(variation.symmetric());
+    low += 0.35f * (white - low);           // below 3 kHz, taken away
+    band += 0.55f * (white - low - band);   // above 5.6 kHz, rolled off
+    out[i] += envelope * band * std::min(1.0f, float(i) / 13.0f);  // rises over 0.3 ms
+    envelope *= decay;
+  }
 }
 
 }  // namespace tonvex

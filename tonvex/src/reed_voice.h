@@ -8,6 +8,7 @@
 #include <span>
 
 #include "note_seed.h"
+#include "variation.h"
 
 namespace tonvex {
 
@@ -31,5 +32,9 @@ int64_t graceLeadSamples(double durationMs);
 // into out (as long as env), and advances phases to the next token's start.
 void addTokenVoice(const TokenVoice& voice, std::span<const float> env, float gain,
                    ReedPhases& phases, float* out);
+
+// Adds the noisy first few ms of a reed that starts to speak at out[0], at
+// the note's gain; out holds at least `length` samples.
+void addReedOnset(Variation& variation, float gain, float* out, int64_t length);
 
 }  // namespace tonvex

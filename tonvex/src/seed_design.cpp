@@ -1,7 +1,11 @@
-// Seed waveforms and just-intonation tables. The harmonium reed is built from
-// two unequal air pulses per period (so even harmonics are present), its
-// harmonics falling at 6 dB per octave to the 16th and at 18 dB per octave
-// above, band-limited to 20 kHz. The tanpura string has a bright, slowly
+// Seed waveforms and just-intonation tables. The harmonium reed's harmonics
+// follow one smooth curve, the same for every note: falling at 4 dB per
+// octave to the 16th (the fundamental strongest, the low partials of a free
+// reed plainly heard) and at 16 dB per octave above, band-limited to 20 kHz.
+// The phases are those of two unequal air pulses per period, which gives the
+// reed's waveform its shape; the amplitudes are not taken from the pulses,
+// whose comb made the fundamental 5 dB weaker than the 2nd harmonic and, with
+// the beating of the reeds, up to 20 dB weaker on some notes. The tanpura string has a bright, slowly
 // falling spectrum with fixed pseudo-random phases; its drone-time colour
 // comes from the library's jawari resynthesis. Stateless.
 #include "tonvex/seed_design.h"
@@ -26,11 +30,10 @@ struct Partial {
 };
 
 Partial harmoniumPartial(int k) {
-  const double slope = k <= 16 ? 1.0 / k : (1.0 / k) * std::pow(16.0 / k, 2.0);
+  const double slope = std::pow(double(k), -0.66) * (k <= 16 ? 1.0 : std::pow(16.0 / k, 2.0));
   // Second pulse: 0.6 of the first, 0.47 of a period later.
   const double angle = -2.0 * std::numbers::pi * k * 0.47;
-  const double re = 1.0 + 0.6 * std::cos(angle), im = 0.6 * std::sin(angle);
-  return {slope * std::hypot(re, im), std::atan2(im, re)};
+  return {slope, std::atan2(0.6 * std::sin(angle), 1.0 + 0.6 * std::cos(angle))};
 }
 
 Partial tanpuraPartial(int k) {

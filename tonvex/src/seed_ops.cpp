@@ -42,7 +42,6 @@ int16_t FWavFreeNoteSeedsMemory(const std::string& setName) {
   NoteSet* set = findNoteSet(setName);
   if (set == nullptr) return 0;
   for (auto& seed : set->notes) seed.reset();
-  ++libraryState().seedVersion;
   return 1;
 }
 
@@ -54,7 +53,6 @@ int16_t FWavLoadInstrNoteSeeds(const std::string& setName, int32_t noteId, int32
   if (!(fractional >= 0.0 && fractional < 1.0)) return 0;
   const std::span<const int16_t> run(samples, static_cast<size_t>(samPerCyc) + 1);
   set->notes[static_cast<size_t>(noteId)] = makeNoteSeed(run, samPerCyc, fractional);
-  ++libraryState().seedVersion;
   return 1;
 }
 
@@ -67,6 +65,5 @@ int16_t FWavTuneNote(const std::string& setName, int32_t noteId, double spcDelta
   const double tuned = seed->effectiveSpc() + spcDelta;
   if (tuned < 0.5 * stored || tuned > 2.0 * stored) return 0;
   seed->spcDelta += spcDelta;
-  ++libraryState().seedVersion;
   return 1;
 }

@@ -17,6 +17,10 @@ namespace {
 
 constexpr int kGlideBlock = 32;
 constexpr int kFadeOutSamples = kSampleRate / 10;
+// The first 5 ms of a stroke, where its crack is: the kit is scaled by the
+// strokes' bodies after it, so that a loud crack does not make every
+// stroke quieter (a crack's peak goes to the mix's soft limiter).
+constexpr size_t kCrackSamples = kSampleRate / 200;
 
 // The voice with every number held to its range (tabla_kit.h). The parser
 // refuses numbers outside them; a voice made in code is clamped here, so that
@@ -113,7 +117,9 @@ std::vector<std::vector<float>> renderKitVoices(const TablaKit& kit, double saHz
   float loudest = 0.0f;
   for (const KitVoice& voice : kit.voices) {
     strokes.push_back(renderKitVoice(voice, saHz * (voice.onBayan ? kit.bayanRatio : kit.dayanRatio)));
-    loudest = std::max(loudest, peakOf(strokes.back()));
+    const auto& stroke = strokes.back();
+    if (stroke.size() > kCrackSamples)
+      loudest = std::max(loudest, peakOf(std::span(stroke).subspan(kCrackSamples)));
   }
   const float scale = loudest > 0.0f ? 0.9f / loudest : 0.0f;
   for (auto& stroke : strokes)

@@ -17,7 +17,7 @@ inline constexpr int kMaxStrokeMs = 1200;
 std::vector<float> renderKitVoice(const KitVoice& voice, double drumHz);
 
 // Renders every voice of a kit for a middle Sa of saHz, scaled together so
-// that the loudest stroke peaks at 0.9.
+// that the loudest stroke's body (after its first 5 ms, the crack) peaks at 0.9.
 std::vector<std::vector<float>> renderKitVoices(const TablaKit& kit, double saHz);
 
 }  // namespace tonvex

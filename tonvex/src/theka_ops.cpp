@@ -37,7 +37,7 @@ int16_t FWavLoadThekaData(const std::string& libraryFile, int32_t thekaInstrumen
   auto kit = parseKitText(*body, error);
   if (!kit) return 0;
   LibraryState& state = libraryState();
-  state.theka = LoadedKit{std::move(*kit), thekaInstrument, 0.0, {}};
+  state.theka = LoadedKit{std::move(*kit), thekaInstrument, 0.0, {}, 0.0, {}};
   retuneTheka(state);
   return 1;
 }

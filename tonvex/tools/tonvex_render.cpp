@@ -119,7 +119,7 @@ int main(int argc, char** argv) {
   const std::string error = setUpLibrary(args.setup);
   if (!error.empty()) return fail(error);
   if (args.droneCycles > 0) {
-    if (FWavGenerateDroneFile(args.droneCycles, args.outFile, 1) != 1)
+    if (FWavGenerateDroneFile(args.droneCycles, args.outFile, 2) != 1)  // a drone to loop
       return fail("the library could not write " + args.outFile);
     return 0;
   }

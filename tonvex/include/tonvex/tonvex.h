@@ -93,7 +93,11 @@ int16_t FWavTuneNote(const std::string& setName, int32_t noteId, double spcDelta
 // below the main set); droneType 1 Pa, 2 Ma, 3 Ni for the first string;
 // droneFactor 0.3 to 1.7 is its loudness (0.5 to 1.5 nominally, with a margin
 // for accumulated rounding); droneMode 1 or 2. path is not used (the seeds are
-// already loaded). Also tunes the tabla's dayan to this Sa.
+// already loaded). Also tunes the tabla's dayan to this Sa. The drone is
+// three cycles, each plucked a little differently, played in turn; the same
+// strings always give the same drone. Drones of the last three different
+// strings (tonic, drone type, tuning) are kept, so switching back to one of
+// them renders nothing.
 int16_t FWavLoadDroneData(const std::string& path, int32_t noteId, int32_t droneType,
                           const std::string& droneSet, double droneFactor, int32_t droneMode);
 
@@ -102,8 +106,10 @@ int16_t FWavLoadDroneData(const std::string& path, int32_t noteId, int32_t drone
 // (1 or more) is remembered as the kit's number: music calls must name it.
 int16_t FWavLoadThekaData(const std::string& libraryFile, int32_t thekaInstrument);
 
-// Writes droneCycles (1 to 100) drone cycles of 3200 ms into outFile.
-// fileMode 1: a greeting, faded in and out; 2: a seamless loop.
+// Writes droneCycles (1 to 100) drone cycles of 3200 ms into outFile, the
+// drone's varied cycles in turn. fileMode 1: a greeting, faded in and out;
+// 2: a seamless loop, not faded at all (its last pluck's tails ring on into
+// its start).
 int16_t FWavGenerateDroneFile(int32_t droneCycles, const std::string& outFile, int32_t fileMode);
 
 // Writes the notes in order. notes: blank-separated tokens (runs of blanks are
