@@ -58,6 +58,10 @@ extern std::int16_t gCurrPhraseKind;    // 1 aroha .. 9 film song
 extern std::int32_t gCurrCompIndex;
 extern std::string gCurrCompName;
 extern std::int16_t gCurrMode;          // 1 Demo, 2 Learning, 3 Practice
+// The category at hand. Raga Exploration: 6 scale, 7 pakad, 1 alap,
+// 2 layakari, 3 taan, 5 composition. Composer: 1 alap, 2 layakari, 3 taan,
+// 4 new composition, 5 existing composition.
+extern std::int16_t gCurrAltType;
 
 // Display choices.
 extern std::int16_t gKeyboardDisplay;   // 1 show, 2 hide
