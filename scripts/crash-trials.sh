@@ -15,7 +15,7 @@ trials="${1:-100}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
-kinds=(settings)
+kinds=(settings compositions)
 
 # settings: the usage parameters the save alternates, in name order.
 stored_settings() {
@@ -24,8 +24,17 @@ stored_settings() {
      ('DelayC', 'DelayMO', 'DelayPC', 'DelayW', 'KeyboardDisplay', 'SortingMode')
      ORDER BY \"Parameter Name\")"
 }
-declare -A first_version=([settings]="100 100 100 100 1 4")
-declare -A second_version=([settings]="200 200 200 200 2 5")
+# compositions: the header rows, then each part's notation, durations and
+# words, Asthai first.
+stored_compositions() {
+  sqlite3 -separator ' ' "$1" "SELECT (SELECT count(*) FROM \"Raga - Additional Information\") || ' ' ||
+    ifnull((SELECT group_concat(p, ' ') FROM (SELECT Notation || ' ' || NotesDuration || ' ' ||
+     CompositionText AS p FROM \"Raga - Composition Notations\" ORDER BY \"Composition Part\")), '')"
+}
+declare -A first_version=([settings]="100 100 100 100 1 4"
+  [compositions]="1 S R 1 1 first words G M 1 1 first words")
+declare -A second_version=([settings]="200 200 200 200 2 5"
+  [compositions]="1 P D 2 2 second words N S> 2 2 second words")
 
 work="$(mktemp -d /tmp/nadavik-crash.XXXXXX)"
 pid=""

@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "composer/composer_store.h"
 #include "control/parameters.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
@@ -34,6 +35,33 @@ void setSettingsVersion(bool second) {
   gDelayC = gDelayMO = gDelayPC = gDelayW = second ? 200 : 100;
 }
 
+// The two versions of a composition a composition save alternates between:
+// the header (written by the first save) and both parts, each part's
+// notation, durations and words differing between the versions.
+void setCompositionVersion(bool second, TCompInfoRecord& header,
+                           std::array<CompPartRecord, kCompPartCount>& parts) {
+  header = TCompInfoRecord{1, "Crash trial", kCompositionInfoType, 1};
+  for (std::int16_t part : {1, 2}) {
+    CompPartRecord& record = parts[static_cast<std::size_t>(part - 1)];
+    record = CompPartRecord{};
+    record.NotationIndex = 1;
+    record.Part = part;
+    record.RagaId = 1;
+    record.Mukhada = header.Name;
+    record.TalaId = 1;
+    record.StartingBeat = part == 1 ? 1 : 9;
+    record.PlayingSpeed = 60;
+  }
+  parts[0].Notation = second ? "P D" : "S R";
+  parts[1].Notation = second ? "N S>" : "G M";
+  for (CompPartRecord& record : parts) {
+    record.NotesDuration = second ? "2 2" : "1 1";
+    record.Text = second ? "second words" : "first words";
+  }
+}
+
+const QStringList kSaveKinds = {"settings", "compositions"};
+
 }  // namespace
 
 bool DiagnosticRun::isOption(const QString& word) {
@@ -49,11 +77,12 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
       const int id = word.mid(kLoopAlap.size()).toInt(&number);
       if (number && id > 0) return DiagnosticRun(Kind::LoopAlap, id);
     } else if (word.startsWith(kRepeatSaves)) {
-      if (word.mid(kRepeatSaves.size()) == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
+      const int kind = static_cast<int>(kSaveKinds.indexOf(word.mid(kRepeatSaves.size())));
+      if (kind >= 0) return DiagnosticRun(Kind::RepeatSaves, 0, kind);
     } else {
       continue;
     }
-    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings\n",
+    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|compositions\n",
                  word.toLocal8Bit().constData());
     invalid = true;
     return std::nullopt;
@@ -62,7 +91,8 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
 }
 
 void DiagnosticRun::start(platform::Screen& main) {
-  if (kind_ == Kind::RepeatSaves) repeatSettingsSaves();
+  if (kind_ == Kind::RepeatSaves && saveKind_ == 0) repeatSettingsSaves();
+  if (kind_ == Kind::RepeatSaves) repeatCompositionSaves();
   QTimer::singleShot(kGreetingMs, [this, &main] { enterExploration(main); });
 }
 
@@ -102,6 +132,17 @@ void DiagnosticRun::repeatSettingsSaves() {
   for (long saves = 1;; ++saves) {
     setSettingsVersion(saves % 2 == 0);
     sSaveUsageParameters();
+    std::printf("saved %ld\n", saves);
+    std::fflush(stdout);
+  }
+}
+
+void DiagnosticRun::repeatCompositionSaves() {
+  TCompInfoRecord header;
+  std::array<CompPartRecord, kCompPartCount> parts;
+  for (long saves = 1;; ++saves) {
+    setCompositionVersion(saves % 2 == 0, header, parts);
+    sWriteCompositionToStore(*gDbB, header, parts);
     std::printf("saved %ld\n", saves);
     std::fflush(stdout);
   }

@@ -10,7 +10,9 @@
 //                      between two known versions, and prints "saved N" on
 //                      standard output after each save that returned, so
 //                      that a kill -9 can land in the middle of a save.
-//                      KIND is one of kSaveKinds (settings so far).
+//                      KIND is one of kSaveKinds: settings (the usage
+//                      parameters) or compositions (a two-part composition
+//                      of raga 1, header and both parts in one save).
 #pragma once
 
 #include <QString>
@@ -37,13 +39,15 @@ class DiagnosticRun {
 
  private:
   enum class Kind { LoopAlap, RepeatSaves };
-  DiagnosticRun(Kind kind, int ragaId) : kind_(kind), ragaId_(ragaId) {}
+  DiagnosticRun(Kind kind, int ragaId, int saveKind = 0) : kind_(kind), ragaId_(ragaId), saveKind_(saveKind) {}
   void enterExploration(platform::Screen& main);
   void playAlapAgainWhenDone();
   [[noreturn]] void repeatSettingsSaves();
+  [[noreturn]] void repeatCompositionSaves();
 
   Kind kind_;
   int ragaId_ = 0;
+  int saveKind_ = 0;  // its place in kSaveKinds
   long alapsPlayed_ = 0;
   platform::Screen* exploration_ = nullptr;
   std::unique_ptr<QTimer> poll_;

@@ -507,17 +507,34 @@ void sSetUpPhrasesToPlay() {
     sShowMessage("Error Setting up for Illustration");
 }
 
+// Builds both parts' files. The preparation builds both parts whatever is
+// played, and a part without notes (an Antara not yet written) makes no
+// file; such a part is built from the one on show for the time of the
+// build, so that the part on show can be heard.
+bool fBuildCompositionFiles(std::int16_t part) {
+  CompPartRecord& other = gCompInfo[part == 1 ? 1 : 0];
+  const CompPartRecord kept = other;
+  if (fRowWords(other.Notation).empty()) {
+    const CompPartRecord& shown = gCompInfo[static_cast<std::size_t>(part - 1)];
+    other.Notation = shown.Notation;
+    other.NotesDuration = shown.NotesDuration;
+  }
+  const bool built = fCreateCompositionMusicFilesFromT() != 0;
+  other = kept;
+  return built;
+}
+
 void sPlayComposition() {
   gCurrPhraseKind = kCompositionKind;
   gCurrItemType = kCompositionItem;
   gThekaMode = 1;
   gCurrCompName = gTCompInfo.Name;
-  if (fCreateCompositionMusicFilesFromT() == 0) {
+  const std::int16_t part = ctl("cOAsthai").value() != 0 ? 1 : 2;
+  if (!fBuildCompositionFiles(part)) {
     if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error creating music files");
     return;
   }
   gPlaySet = gPhraseSet;
-  const std::int16_t part = ctl("cOAsthai").value() != 0 ? 1 : 2;
   gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = part;
   gPlaySet.Count = part;
   fStartChain();

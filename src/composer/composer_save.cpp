@@ -172,6 +172,10 @@ void sSetInitialValuesInCompT() {
 
 void sTToALTRowImages(std::int16_t category) {
   NV_PROC("sTToALTRowImages");
+  // A raga without a row of this category leaves the record of the raga
+  // read before it: that one is not this raga's.
+  if (gTUserAlt[static_cast<std::size_t>(category - 1)].RagaId != gCurrRagaId)
+    gTUserAlt[static_cast<std::size_t>(category - 1)] = TAltRecord{};
   const std::string notes = fUserPhrasesWithCommas(category, kNotes);
   gSlotsUsed = fWordCount(notes);
   gRowImageCount = fRowsFor(gSlotsUsed);

@@ -15,9 +15,24 @@
 #include "platform/store.h"
 #include "store/positioning.h"
 
+bool gFillingSlots = false;
+
 namespace {
 
 constexpr std::int16_t kTaan = 3;
+
+// Set while the program itself fills or empties the slots, so that the
+// syllable boxes' change events do not write half-filled rows back.
+class FillingSlots {
+ public:
+  FillingSlots() : was_(gFillingSlots) { gFillingSlots = true; }
+  ~FillingSlots() { gFillingSlots = was_; }
+  FillingSlots(const FillingSlots&) = delete;
+  FillingSlots& operator=(const FillingSlots&) = delete;
+
+ private:
+  bool was_;
+};
 constexpr int kHeadingsPerRow = 4;
 constexpr float kGapRatio = 0.02f;  // of the screen's height, between groups
 
@@ -101,6 +116,7 @@ std::string& fImageForDisplayRow(std::vector<std::string>& images, std::int16_t 
     gRowImageCount = row;
     for (std::vector<std::string>* set : {&gNotesRowImages, &gDurRowImages, &gSylRowImages})
       if (set->size() < static_cast<std::size_t>(gRowImageCount)) set->resize(static_cast<std::size_t>(gRowImageCount));
+    sShowRowCaptions();
   }
   if (images.size() < static_cast<std::size_t>(row)) images.resize(static_cast<std::size_t>(row));
   return images[static_cast<std::size_t>(row - 1)];
@@ -320,12 +336,13 @@ void sCreateDurRowImageFromDisplay(std::int16_t displayRow) {
 
 void sCreateSylRowImageFromDisplay(std::int16_t displayRow) {
   NV_PROC("sCreateSylRowImageFromDisplay");
-  if (!fCategoryHasSyllables()) return;
+  if (!fCategoryHasSyllables() || gFillingSlots) return;
   fImageForDisplayRow(gSylRowImages, displayRow) = fRowFromSlots(displayRow, fSylSlotWord);
 }
 
 void sClearPhraseDisplay() {
   NV_PROC("sClearPhraseDisplay");
+  const FillingSlots filling;
   for (int s = 0; s < kSlotCount && form().hasControl("cNote", s); ++s) {
     ctl("cNote", s).setCaption("");
     if (fCategoryHasDurations()) {
@@ -339,6 +356,7 @@ void sClearPhraseDisplay() {
 void sDisplayRowImages() {
   NV_PROC("sDisplayRowImages");
   if (!form().hasControl("cNote", kSlotCount - 1)) return;
+  const FillingSlots filling;
   sClearPhraseDisplay();
   sResetRowFonts();
   const std::int16_t rows = gRowImageCount == gFirstDisplayRow ? 1 : 2;

@@ -23,6 +23,10 @@ constexpr int kTimeValueCount = 19;
 constexpr int kComposerMarkColor = 0x0000C0;
 constexpr int kCellBackColor = 0xFFFFFF;
 
+// True while the program fills or empties the slots (their change events
+// are then not the user's typing).
+extern bool gFillingSlots;
+
 // Whether the category at hand (gCurrAltType) has durations (all but the
 // taan) and syllables (compositions).
 bool fCategoryHasDurations();
