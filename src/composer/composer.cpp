@@ -3,6 +3,7 @@
 
 #include <algorithm>
 
+#include "composer/composer_play.h"
 #include "composer/composer_save.h"
 #include "composer/composer_slots.h"
 #include "composer/composer_store.h"
@@ -18,16 +19,8 @@
 #include "notation/vocabulary.h"
 #include "platform/screen.h"
 #include "platform/store.h"
-#include "sound/composition_files.h"
 #include "sound/music_buffers.h"
-#include "sound/music_file.h"
 #include "sound/music_set.h"
-#include "sound/notes_list.h"
-#include "sound/phrase_loading.h"
-#include "sound/play_chain.h"
-#include "sound/play_state.h"
-#include "sound/play_status.h"
-#include "sound/wave_folder.h"
 #include "store/lookups.h"
 #include "store/queries.h"
 #include "store/query_open.h"
@@ -43,11 +36,9 @@ std::int16_t gSelTimeVal = -1;
 std::int16_t gPrevSelTimeVal = -1;
 bool gInsertPending = false;
 bool gDeletePending = false;
-std::int16_t gPlayBaseSlot = 0;
 std::int16_t gBaseItemType = 0;
 std::int16_t gSavedMode = 1;
 std::int16_t gCompTalaId = 0;
-std::vector<std::vector<int>> gPlaySlots;
 
 namespace {
 
@@ -57,18 +48,9 @@ constexpr std::int16_t kLayakari = 2;
 constexpr std::int16_t kTaan = 3;
 constexpr std::int16_t kNewComposition = 4;
 constexpr std::int16_t kExistingComposition = 5;
-constexpr std::int16_t kCompositionItem = 6;
 constexpr std::int16_t kCompositionKind = 8;
 constexpr std::int16_t kDefaultBeatDuration = 60;  // hundredths of a second
 constexpr float kGap = 0.02f;                     // of the screen's height
-// A first-note cell the play chain cannot find: the composer marks its
-// notes itself, on the slots the row images give them.
-constexpr std::int16_t kNoCell = 9999;
-
-// The phrase and note last marked while playing: 0 for none.
-int gMarkedPhrase = 0;
-int gMarkedNote = 0;
-
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name, int index = -1) { return gCurrForm->control(name, index); }
 float fScreenH() { return form().height(); }
@@ -450,138 +432,6 @@ void sTimeSlotClicked(std::int16_t s) {
   sCreateDurRowImageFromDisplay(fDisplayRowOf(s));
 }
 
-// --- event 9: Play -------------------------------------------------------------
-
-// The slots of every note of each phrase: phrases of an alap, layakari or
-// taan are apart by ","; a composition part is one phrase.
-void sFindPlaySlots() {
-  gPlaySlots.assign(1, {});
-  for (std::int16_t r = 0; r < gRowImageCount && static_cast<std::size_t>(r) < gNotesRowImages.size(); ++r) {
-    int slot = r * kSlotsPerRow;
-    for (const std::string& word : fRowWords(gNotesRowImages[static_cast<std::size_t>(r)])) {
-      if (word == "," && !fIsComposition()) {
-        if (!gPlaySlots.back().empty()) gPlaySlots.emplace_back();
-      } else if (word != "_") {
-        gPlaySlots.back().push_back(slot);
-      }
-      ++slot;
-    }
-  }
-}
-
-// Play's first step, shared with Save: the row images into the working
-// record. False after a message.
-bool fRowImagesIntoRecord() {
-  if (fIsComposition()) {
-    sCreateNotesRowImageFromDisplay(1);
-    sCreateNotesRowImageFromDisplay(2);
-    return fUpdateCompTFromRowImages() != 0;
-  }
-  return fUpdateALTTFromRowImages() != 0;
-}
-
-bool fStartChain() {
-  for (MusicBuffer& buffer : gMusicBuffers) buffer.FirstNotationCell = kNoCell;
-  gMarkedPhrase = gMarkedNote = 0;
-  gCallbackContext = kContextComposer;
-  if (fPlayMusicPhrases(form())) return true;
-  if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error Playing Music Phrases");
-  return false;
-}
-
-// The phrases of the item (the raga's own aroha or pakad, or the user's
-// phrases of the category) ready to play from the first, as Demo plays them.
-void sSetUpPhrasesToPlay() {
-  sLoadMNFromT(kUnsegmentedText);
-  gPhraseSet.Position = 1;
-  gPhraseSet.FirstPhrase = 1;
-  gPhraseSet.LastPhrase = gCurrItemType == 1 || gCurrItemType == 2 ? 1 : gPhraseSet.Count;
-  gPrefetchMode = kPrefetchNext;
-  gWavOption = 1;
-  gThekaMode = 2;
-  gPlaySet = gPhraseSet;
-  if (gPlaySet.Count == 0) return;
-  const std::int16_t buffer = fBufferForPhrase(1);
-  gMusicBuffers[static_cast<std::size_t>(buffer)].Count = fCreateNotesList1(buffer);
-  if (fPrepareToPlaySelection1(buffer) == 0 && !fToldWaveFolderFault(gCurrBuildFile))
-    sShowMessage("Error Setting up for Illustration");
-}
-
-// Builds both parts' files. The preparation builds both parts whatever is
-// played, and a part without notes (an Antara not yet written) makes no
-// file; such a part is built from the one on show for the time of the
-// build, so that the part on show can be heard.
-bool fBuildCompositionFiles(std::int16_t part) {
-  CompPartRecord& other = gCompInfo[part == 1 ? 1 : 0];
-  const CompPartRecord kept = other;
-  if (fRowWords(other.Notation).empty()) {
-    const CompPartRecord& shown = gCompInfo[static_cast<std::size_t>(part - 1)];
-    other.Notation = shown.Notation;
-    other.NotesDuration = shown.NotesDuration;
-  }
-  const bool built = fCreateCompositionMusicFilesFromT() != 0;
-  other = kept;
-  return built;
-}
-
-void sPlayComposition() {
-  gCurrPhraseKind = kCompositionKind;
-  gCurrItemType = kCompositionItem;
-  gThekaMode = 1;
-  gCurrCompName = gTCompInfo.Name;
-  const std::int16_t part = ctl("cOAsthai").value() != 0 ? 1 : 2;
-  if (!fBuildCompositionFiles(part)) {
-    if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error creating music files");
-    return;
-  }
-  gPlaySet = gPhraseSet;
-  gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = part;
-  gPlaySet.Count = part;
-  fStartChain();
-}
-
-void sPlay() {
-  const bool ragaPhrase = gCurrItemType == 1 || gCurrItemType == 2;
-  if (!ragaPhrase) {
-    if (gRowImageCount == 0 && fIsComposition()) ctl("cOAsthai").setValue(-1);
-    if (!fRowImagesIntoRecord()) return;
-    gFirstDisplayRow = 1;
-    sDisplayRowImages();
-    sFindPlaySlots();
-  }
-  gCurrDbSelector = 2;
-  if (ragaPhrase || !fIsComposition()) {
-    sSetUpPhrasesToPlay();
-    if (gPlaySet.Count > 0) fStartChain();
-    return;
-  }
-  sPlayComposition();
-}
-
-// Event 21: the note now sounding marked in its slot, the rows moved on
-// when it lies below them. No loop waits for the device.
-void sPlayNotationSlot() {
-  fAdvanceCurrentNote(form(), gDelayC);
-  const int phrase = gCurrItemType == kCompositionItem ? 1 : gPlaySet.Position - 1;
-  const int note = gMusicBuffers[static_cast<std::size_t>(gCurrBuffer)].CurrNote;
-  if (phrase < 1 || static_cast<std::size_t>(phrase) > gPlaySlots.size()) return;
-  const std::vector<int>& slots = gPlaySlots[static_cast<std::size_t>(phrase - 1)];
-  if (note < 1 || static_cast<std::size_t>(note) > slots.size()) return;
-  if (phrase == gMarkedPhrase && note == gMarkedNote) return;
-  gMarkedPhrase = phrase;
-  gMarkedNote = note;
-  const int slot = slots[static_cast<std::size_t>(note - 1)];
-  gPlayBaseSlot = static_cast<std::int16_t>(slots.front());
-  const int row = slot / kSlotsPerRow + 1;
-  if (row < gFirstDisplayRow || row > gFirstDisplayRow + 1) {
-    gFirstDisplayRow = static_cast<std::int16_t>(std::min<int>(row, std::max<int>(gRowImageCount, 1)));
-    sDisplayRowImages();
-  }
-  sSetComposerFormNoteSlotsToDefaultFrontColor();
-  const int cell = slot - (gFirstDisplayRow - 1) * kSlotsPerRow;
-  if (cell >= 0 && cell < kSlotCount) ctl("cNote", cell).setForeColor(kComposerMarkColor);
-}
-
 // --- events 11 to 14 -----------------------------------------------------------
 
 void sMoveRows(int step) {
@@ -776,7 +626,7 @@ void sComposer(std::int16_t event) {
     case 6: sNoteSlotClicked(gCurrNotationSlot); break;
     case 7: sGraceSlotClicked(gCurrNotationSlot); break;
     case 8: sTimeSlotClicked(gCurrNotationSlot); break;
-    case 9: sPlay(); break;
+    case 9: sComposerPlay(); break;
     case 11: sMoveRows(1); break;
     case 12: sMoveRows(-1); break;
     case 13: sNewCategory(); break;

@@ -13,7 +13,6 @@
 #pragma once
 
 #include <cstdint>
-#include <vector>
 
 namespace platform {
 class Screen;
@@ -27,7 +26,6 @@ extern std::int16_t gSelTimeVal;       // selected cTimeVal entry, -1 none
 extern std::int16_t gPrevSelTimeVal;
 extern bool gInsertPending;            // the next slot click inserts
 extern bool gDeletePending;            // the next slot click deletes
-extern std::int16_t gPlayBaseSlot;     // the slot of the first note of the phrase sounding
 extern std::int16_t gBaseItemType;     // the category's item type, to return to after the raga's own phrases
 extern std::int16_t gSavedMode;        // gCurrMode when the screen opened
 extern std::int16_t gCompTalaId;       // the tala chosen for a new composition
@@ -45,7 +43,3 @@ void sTerminateComposer();
 // Empties the header of the composition in hand and its data fields.
 void sInitCompInfo();
 void sBindComposerEvents(platform::Screen& screen);
-
-// The slot (0-based, over all rows) of each note of each phrase of the
-// last Play, phrase by phrase, as the device's status follows them.
-extern std::vector<std::vector<int>> gPlaySlots;

@@ -312,7 +312,9 @@ TEST_F(ComposerTest, BadInputIsToldAndNeverEndsTheProgram) {
     EXPECT_EQ(gCurrFormId, kFormComposer);
   }
   for (const RecordedMessage& m : program.messages()) {
-    if (m.text == "Discrepancies found in syllables. Check and correct") EXPECT_EQ(m.title, "Messaage");
+    if (m.text == "Discrepancies found in syllables. Check and correct") {
+      EXPECT_EQ(m.title, "Messaage");
+    }
   }
 
   // Quotes, Devanagari and 10,000 characters in every text field: saved
