@@ -94,9 +94,8 @@ bool fBuildCompositionFiles(std::int16_t part) {
   CompPartRecord& other = gCompInfo[part == 1 ? 1 : 0];
   const CompPartRecord kept = other;
   if (fRowWords(other.Notation).empty()) {
-    const CompPartRecord& shown = gCompInfo[static_cast<std::size_t>(part - 1)];
-    other.Notation = shown.Notation;
-    other.NotesDuration = shown.NotesDuration;
+    other = gCompInfo[static_cast<std::size_t>(part - 1)];
+    other.Part = kept.Part;
   }
   const bool built = fCreateCompositionMusicFilesFromT() != 0;
   other = kept;
