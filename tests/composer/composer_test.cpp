@@ -22,6 +22,7 @@
 #include "control/screen_manager.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
+#include "notation/vocabulary.h"
 #include "platform/audio.h"
 #include "platform/qt/qt_control.h"
 #include "platform/store.h"
@@ -168,6 +169,13 @@ TEST_F(ComposerTest, AnAlapAcrossTwoRowsIsEditedPlayedSavedAndPlaysOnExploration
   EXPECT_EQ(ctl("cTime", 22).caption(), "95");
   EXPECT_EQ(gRowImageCount, 2);
   EXPECT_EQ(ctl("Label9").caption(), "Row 1/2");
+  click("cMoveD");
+  EXPECT_EQ(ctl("cNote", 0).caption(), fGetStringForNote(kP, gNotationScript)) << "row 2 on top";
+  EXPECT_FALSE(ctl("Label10").visible());
+  click("cMoveD");
+  EXPECT_EQ(ctl("Label9").caption(), "Row 2/2") << "Move Down on the last row changes nothing";
+  click("cMoveU");
+  EXPECT_EQ(ctl("Label10").caption(), "Row 2/2");
 
   click("cOIns");
   click("cNote", 0);
