@@ -53,7 +53,9 @@ constexpr std::int16_t kDefaultBeatDuration = 60;  // hundredths of a second
 constexpr float kGap = 0.02f;                     // of the screen's height
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name, int index = -1) { return gCurrForm->control(name, index); }
-float fScreenH() { return form().height(); }
+// The screen's width and height as its controls are laid out from their
+// ratios.
+float fScreenH() { return gFormH; }
 float fBottom(platform::Control& c) { return c.top() + c.height(); }
 bool fIsComposition() { return gCurrAltType == kNewComposition || gCurrAltType == kExistingComposition; }
 
@@ -61,7 +63,7 @@ void sShow(std::initializer_list<const char*> names, bool on = true) {
   for (const char* name : names) ctl(name).setVisible(on);
 }
 
-void sCentre(platform::Control& c) { c.setLeft((form().width() - c.width()) / 2); }
+void sCentre(platform::Control& c) { c.setLeft((gFormW - c.width()) / 2); }
 
 // Puts `c` below `above` by H x gap and shows it.
 void sPlaceBelow(platform::Control& c, platform::Control& above, float gap = kGap) {

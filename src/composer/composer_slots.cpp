@@ -70,7 +70,7 @@ void sShowCell(platform::Control& c, float left, float top, float width, float h
 // The width of a cell of element 0 of `name`, narrowed so that `cells` of
 // them fit the screen's width.
 float fCellWidth(const char* name, float cells) {
-  return std::min(ctl(name, 0).width(), form().width() / cells);
+  return std::min(ctl(name, 0).width(), gFormW / cells);
 }
 
 void sSetNoteFont(platform::Control& c) {
@@ -208,7 +208,7 @@ void sLoadNotesPalletToForm(float top) {
   NV_PROC("sLoadNotesPalletToForm");
   const float width = fCellWidth("cNotation", 29);
   const float height = ctl("cNotation", 0).height();
-  const float first = form().width() / 2 - width * 14.5f;
+  const float first = gFormW / 2 - width * 14.5f;
   for (int id = kFirstPaletteNote; id <= kPaletteComma; ++id)
     sShowCell(element("cNotation", id), first + static_cast<float>(id - kFirstPaletteNote) * width, top, width, height);
   sLoadPalletNotes();
@@ -254,7 +254,7 @@ void sLoadTimeValuesArrayToForm(float top) {
   NV_PROC("sLoadTimeValuesArrayToForm");
   const float width = fCellWidth("cTimeVal", 20);
   const float height = ctl("cTimeVal", 0).height();
-  const float first = form().width() / 2 - width * kTimeValueCount / 2;
+  const float first = gFormW / 2 - width * kTimeValueCount / 2;
   for (int i = 0; i < kTimeValueCount; ++i) {
     platform::Control& cell = element("cTimeVal", i);
     cell.setCaption(fTimeValueCaption(gCurrAltType, i));
@@ -266,8 +266,8 @@ void sLoadNotesArrayToForm() {
   NV_PROC("sLoadNotesArrayToForm");
   const float width = fCellWidth("cNote", kSlotsPerRow);
   const float height = ctl("cNote", 0).height();
-  const float left = form().width() / 2 - width * 10;
-  const float gap = form().height() * kGapRatio / 2;
+  const float left = gFormW / 2 - width * 10;
+  const float gap = gFormH * kGapRatio / 2;
   platform::Control& moveUp = ctl("cMoveU");
   const float paletteBottom = ctl("cNotation", kFirstPaletteNote).top() + ctl("cNotation", kFirstPaletteNote).height();
   moveUp.setLeft(left);
