@@ -15,7 +15,7 @@ trials="${1:-100}"
 program="$PWD/build/release/nadavik/nadavik"
 [ -x "$program" ] || scripts/build.sh
 
-kinds=(settings scales patterns)
+kinds=(settings scales patterns compositions)
 
 # settings: the usage parameters the save alternates, in name order.
 stored_settings() {
@@ -43,8 +43,17 @@ stored_patterns() {
     THEN 'mixture' ELSE (SELECT \"PatternPhrase\" || ' ' || \"PatternMode\"
     FROM \"User Patterns\" ORDER BY rowid DESC LIMIT 1) END"
 }
-declare -A first_version=([settings]="100 100 100 100 1 4" [scales]="1 2 100.5 0.5 0.5 0.25 0.25" [patterns]="BUC1 1")
-declare -A second_version=([settings]="200 200 200 200 2 5" [scales]="1 2 101.5 1.5 1.5 1.25 1.25" [patterns]="BUJ2lDJ1 2")
+# compositions: the header rows, then each part's notation, durations and
+# words, Asthai first.
+stored_compositions() {
+  sqlite3 -separator ' ' "$1" "SELECT (SELECT count(*) FROM \"Raga - Additional Information\") || ' ' ||
+    ifnull((SELECT group_concat(p, ' ') FROM (SELECT Notation || ' ' || NotesDuration || ' ' ||
+     CompositionText AS p FROM \"Raga - Composition Notations\" ORDER BY \"Composition Part\")), '')"
+}
+declare -A first_version=([settings]="100 100 100 100 1 4" [scales]="1 2 100.5 0.5 0.5 0.25 0.25" [patterns]="BUC1 1"
+  [compositions]="1 S R 1 1 first words G M 1 1 first words")
+declare -A second_version=([settings]="200 200 200 200 2 5" [scales]="1 2 101.5 1.5 1.5 1.25 1.25" [patterns]="BUJ2lDJ1 2"
+  [compositions]="1 P D 2 2 second words N S> 2 2 second words")
 
 work="$(mktemp -d /tmp/nadavik-crash.XXXXXX)"
 pid=""

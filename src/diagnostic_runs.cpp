@@ -5,6 +5,7 @@
 #include <cstdio>
 #include <memory>
 
+#include "composer/composer_store.h"
 #include "control/parameters.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
@@ -49,6 +50,31 @@ void setScaleVersion(bool second) {
   gDroneAdjust.fill(second ? 1.25f : 0.25f);
 }
 
+// The two versions of a composition a composition save alternates between:
+// the header (written by the first save) and both parts, each part's
+// notation, durations and words differing between the versions.
+void setCompositionVersion(bool second, TCompInfoRecord& header,
+                           std::array<CompPartRecord, kCompPartCount>& parts) {
+  header = TCompInfoRecord{1, "Crash trial", kCompositionInfoType, 1};
+  for (std::int16_t part : {1, 2}) {
+    CompPartRecord& record = parts[static_cast<std::size_t>(part - 1)];
+    record = CompPartRecord{};
+    record.NotationIndex = 1;
+    record.Part = part;
+    record.RagaId = 1;
+    record.Mukhada = header.Name;
+    record.TalaId = 1;
+    record.StartingBeat = part == 1 ? 1 : 9;
+    record.PlayingSpeed = 60;
+  }
+  parts[0].Notation = second ? "P D" : "S R";
+  parts[1].Notation = second ? "N S>" : "G M";
+  for (CompPartRecord& record : parts) {
+    record.NotesDuration = second ? "2 2" : "1 1";
+    record.Text = second ? "second words" : "first words";
+  }
+}
+
 }  // namespace
 
 bool DiagnosticRun::isOption(const QString& word) {
@@ -68,10 +94,11 @@ std::optional<DiagnosticRun> DiagnosticRun::fromArguments(const QStringList& arg
       if (kind == "settings") return DiagnosticRun(Kind::RepeatSaves, 0);
       if (kind == "scales") return DiagnosticRun(Kind::RepeatScaleSaves, 0);
       if (kind == "patterns") return DiagnosticRun(Kind::RepeatPatternSaves, 0);
+      if (kind == "compositions") return DiagnosticRun(Kind::RepeatCompositionSaves, 0);
     } else {
       continue;
     }
-    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|scales|patterns\n",
+    std::fprintf(stderr, "nadavik: %s: expected --loop-alap=RAGA-ID or --repeat-saves=settings|scales|patterns|compositions\n",
                  word.toLocal8Bit().constData());
     invalid = true;
     return std::nullopt;
@@ -83,6 +110,7 @@ void DiagnosticRun::start(platform::Screen& main) {
   if (kind_ == Kind::RepeatSaves) repeatSettingsSaves();
   if (kind_ == Kind::RepeatScaleSaves) repeatScaleSaves();
   if (kind_ == Kind::RepeatPatternSaves) repeatPatternSaves();
+  if (kind_ == Kind::RepeatCompositionSaves) repeatCompositionSaves();
   QTimer::singleShot(kGreetingMs, [this, &main] { enterExploration(main); });
 }
 
@@ -146,6 +174,17 @@ void DiagnosticRun::repeatPatternSaves() {
     const bool second = saves % 2 == 0;
     fAddUserPattern("Trial " + run + " " + std::to_string(saves), second ? "BUJ2lDJ1" : "BUC1",
                     second ? 2 : 1);
+    std::printf("saved %ld\n", saves);
+    std::fflush(stdout);
+  }
+}
+
+void DiagnosticRun::repeatCompositionSaves() {
+  TCompInfoRecord header;
+  std::array<CompPartRecord, kCompPartCount> parts;
+  for (long saves = 1;; ++saves) {
+    setCompositionVersion(saves % 2 == 0, header, parts);
+    sWriteCompositionToStore(*gDbB, header, parts);
     std::printf("saved %ld\n", saves);
     std::fflush(stdout);
   }

@@ -11,10 +11,11 @@
 //                      standard output after each save that returned, so
 //                      that a kill -9 can land in the middle of a save.
 //                      KIND is settings (the usage parameters),
-//                      scales (a user scale, redefined under its name)
-//                      or patterns (a workbench pattern of the user's,
-//                      a new one each time, of one of two versions by
-//                      turn).
+//                      scales (a user scale, redefined under its name),
+//                      patterns (a workbench pattern of the user's, a new
+//                      one each time, of one of two versions by turn) or
+//                      compositions (a two-part composition of raga 1,
+//                      header and both parts in one save).
 #pragma once
 
 #include <QString>
@@ -40,13 +41,15 @@ class DiagnosticRun {
   void start(platform::Screen& main);
 
  private:
-  enum class Kind { LoopAlap, RepeatSaves, RepeatScaleSaves, RepeatPatternSaves };
+  enum class Kind { LoopAlap, RepeatSaves, RepeatScaleSaves, RepeatPatternSaves,
+                    RepeatCompositionSaves };
   DiagnosticRun(Kind kind, int ragaId) : kind_(kind), ragaId_(ragaId) {}
   void enterExploration(platform::Screen& main);
   void playAlapAgainWhenDone();
   [[noreturn]] void repeatSettingsSaves();
   [[noreturn]] void repeatScaleSaves();
   [[noreturn]] void repeatPatternSaves();
+  [[noreturn]] void repeatCompositionSaves();
 
   Kind kind_;
   int ragaId_ = 0;

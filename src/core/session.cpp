@@ -64,6 +64,7 @@ std::int32_t gThekaInstrument = 4;
 std::int16_t gCompPart = 1;
 std::int16_t gTonicChoice = 0;
 std::int16_t gLabelIndex = 0;
+std::int16_t gCurrAltType = 0;
 std::int32_t gDroneCycles = 2;
 
 // A fixed table, the same for the whole run, so it is set here rather than

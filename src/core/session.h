@@ -62,6 +62,10 @@ extern std::int16_t gCurrMode;          // 1 Demo, 2 Learning, 3 Practice
 // (the quiz's sample, the workbench's pattern), notes and durations.
 extern std::string gSelPhrase;
 extern std::string gSelDurPhrase;
+// The category at hand. Raga Exploration: 6 scale, 7 pakad, 1 alap,
+// 2 layakari, 3 taan, 5 composition. Composer: 1 alap, 2 layakari, 3 taan,
+// 4 new composition, 5 existing composition.
+extern std::int16_t gCurrAltType;
 
 // Display choices.
 extern std::int16_t gKeyboardDisplay;   // 1 show, 2 hide

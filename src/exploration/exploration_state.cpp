@@ -1,7 +1,6 @@
 // State of the Raga Exploration screen (see exploration_state.h).
 #include "exploration/exploration_state.h"
 
-std::int16_t gCurrAltType = 0;
 std::int16_t gComparePick = 1;
 std::string gCurrNotation;
 std::string gLastLearnNotation;

@@ -6,7 +6,6 @@
 #include <cstdint>
 #include <string>
 
-extern std::int16_t gCurrAltType;        // 6 scale, 7 pakad, 1 alap, 2 layakari, 3 taan, 5 composition
 extern std::int16_t gComparePick;        // 1 or 2: which raga of a comparison to replay
 extern std::string gCurrNotation;        // the notation box's text at the last Play
 extern std::string gLastLearnNotation;   // notation and slider value of the last Learning set-up

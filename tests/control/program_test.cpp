@@ -255,7 +255,8 @@ TEST(Program, LaterScreensCheckTheirMenusFromTheSession) {
       {sTakeQuiz, [] { gNotationDisplay = 1, gNotationScript = 1; }, notation, {"cMnuDonShoNot", "cMnuDev"}},
       {sTakeQuiz, [] { gNotationDisplay = 0, gNotationScript = 7; }, notation, {"cMnuDonShoNot", "cMnuEng"}},
       {sComposer, [] { gNotationScript = 1, gNotePallet = 1; }, composer, {"cMnuDev", "cMnuNotForRag"}},
-      {sComposer, [] { gNotationScript = 2, gNotePallet = 2; }, composer, {"cMnuEng", "cMnuAllNot"}},
+      // The composer's palette always opens on the raga's own notes.
+      {sComposer, [] { gNotationScript = 2, gNotePallet = 2; }, composer, {"cMnuEng", "cMnuNotForRag"}},
       {sWorkshop, [] { gNotationScript = 2, gKeyboardDisplay = 1, gGraceNotes = 1, gCurrTonicNoteId = 7; },
        workbench, {"cMnuEng", "cMnuShoKey", "cMnuNoGraNot", "cMnuW4"}},
       {sPlayCompositions, [] { gThekaMode = 1, gGraceNotes = 2, gNotationScript = 1, gCurrTonicNoteId = 9; },

@@ -48,9 +48,9 @@ ProgramHarness::ProgramHarness() {
   windows_->setDevanagariConverters({fKeymapToUnicode, fUnicodeToKeymap});
   windows_->setAudioDeviceFactory(
       [this] { return platform::createSilentAudioDevice(clock_, clock_); });
-  windows_->setMessageBoxResponder([this](const std::string& text, int, const std::string& title) {
+  windows_->setMessageBoxResponder([this](const std::string& text, int style, const std::string& title) {
     messages_.push_back({text, title});
-    return platform::kAnswerOk;
+    return (style & platform::kMsgYesNo) != 0 ? questionAnswer_ : platform::kAnswerOk;
   });
   platform::setWindowSystem(windows_.get());
   platform::setPdfSheetFactory(platform::qt::makeQtPdfSheet);

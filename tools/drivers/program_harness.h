@@ -36,6 +36,9 @@ class ProgramHarness {
   const std::vector<RecordedMessage>& messages() const { return messages_; }
   // The window system, for answering its file dialogs and choice boxes.
   platform::QtWindowSystem& windows() { return *windows_; }
+  // The answer given to every Yes/No question from now on (kAnswerOk, the
+  // default, is neither Yes nor No); other boxes are answered with OK.
+  void answerQuestions(int answer) { questionAnswer_ = answer; }
 
   // Starts the program as a user would: the main window loads and the
   // opening screen is answered with OK (or Cancel).
@@ -62,4 +65,5 @@ class ProgramHarness {
   platform::VirtualClock clock_;
   std::unique_ptr<platform::QtWindowSystem> windows_;
   std::vector<RecordedMessage> messages_;
+  int questionAnswer_ = platform::kAnswerOk;
 };
