@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "control/screen_manager.h"
+#include "control/tonic_menu.h"
 #include "control/trace_menu.h"
 #include "core/session.h"
 #include "exploration/exploration.h"
@@ -20,16 +21,6 @@ namespace {
 
 using platform::Event;
 using platform::EventKind;
-
-struct TonicEntry {
-  const char* control;
-  std::int16_t tonic;
-};
-
-constexpr std::array<TonicEntry, 12> kTonicEntries = {{
-    {"cMnuW7", 1}, {"cMnuW1", 2}, {"cMnuB1", 3}, {"cMnuW2", 4}, {"cMnuB2", 5}, {"cMnuW3", 6},
-    {"cMnuW4", 7}, {"cMnuB3", 8}, {"cMnuW5", 9}, {"cMnuB4", 10}, {"cMnuW6", 11}, {"cMnuB5", 12},
-}};
 
 // The basic data boxes: phrase kind, item type and store class they play.
 struct PhraseBox {
@@ -115,11 +106,7 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuXptRagPdf", [] { sExportWholeRaga(ExportFormat::Pdf); });
   onClick(s, "cMnuSlo", [] { if (gDelayMO > 0) --gDelayMO; });
   onClick(s, "cMnuSpe", [] { if (gDelayMO < INT16_MAX) ++gDelayMO; });
-  for (const TonicEntry& entry : kTonicEntries)
-    s.on(entry.control, EventKind::Click, [entry](const Event&) {
-      gTonicChoice = entry.tonic;
-      raise(14);
-    });
+  sBindTonicMenu(s, raise, 14);
 }
 
 }  // namespace

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "control/screen_manager.h"
+#include "control/tonic_menu.h"
 #include "control/trace_menu.h"
 #include "core/session.h"
 #include "platform/audio.h"
@@ -18,16 +19,6 @@ namespace {
 
 using platform::Event;
 using platform::EventKind;
-
-struct TonicEntry {
-  const char* control;
-  std::int16_t tonic;
-};
-
-constexpr std::array<TonicEntry, 12> kTonicEntries = {{
-    {"cMnuW7", 1}, {"cMnuW1", 2}, {"cMnuB1", 3}, {"cMnuW2", 4}, {"cMnuB2", 5}, {"cMnuW3", 6},
-    {"cMnuW4", 7}, {"cMnuB3", 8}, {"cMnuW5", 9}, {"cMnuB4", 10}, {"cMnuW6", 11}, {"cMnuB5", 12},
-}};
 
 void onClick(platform::Screen& s, const char* control, void (*handler)()) {
   s.on(control, EventKind::Click, [handler](const Event&) { handler(); });
@@ -74,11 +65,7 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuSpe", [] { if (gDelayPC < INT16_MAX) ++gDelayPC; });
   onClick(s, "cMnuUseThe", [] { gThekaMode = 1; sMnuThekaCheck(); raise(9); });
   onClick(s, "cMnuNoThe", [] { gThekaMode = 2; sMnuThekaCheck(); raise(9); });
-  for (const TonicEntry& entry : kTonicEntries)
-    s.on(entry.control, EventKind::Click, [entry](const Event&) {
-      gTonicChoice = entry.tonic;
-      raise(4);
-    });
+  sBindTonicMenu(s, raise, 4);
 }
 
 // The close box: a sounding part is silenced, and the screen is left as by

@@ -4,6 +4,7 @@
 #include <cstdint>
 
 #include "control/screen_manager.h"
+#include "control/tonic_menu.h"
 #include "control/trace_menu.h"
 #include "core/session.h"
 #include "platform/audio.h"
@@ -24,10 +25,6 @@ struct Entry {
   std::int16_t value;
 };
 
-constexpr std::array<Entry, 12> kTonicEntries = {{
-    {"cMnuW7", 1}, {"cMnuW1", 2}, {"cMnuB1", 3}, {"cMnuW2", 4}, {"cMnuB2", 5}, {"cMnuW3", 6},
-    {"cMnuW4", 7}, {"cMnuB3", 8}, {"cMnuW5", 9}, {"cMnuB4", 10}, {"cMnuW6", 11}, {"cMnuB5", 12},
-}};
 constexpr std::array<Entry, 8> kPatternEntries = {{
     {"cMnuSToS", 0}, {"cMnuPToP", 1}, {"cMnu1UC", 2}, {"cMnu2UC", 3}, {"cMnu3UC", 4},
     {"cMnu1UC2UC", 5}, {"cMnu2UC3UC", 6}, {"cMnu2UJD1J", 7},
@@ -125,7 +122,7 @@ void bindMenus(platform::Screen& s) {
     gStdPatternIndex = index;
     gPatternSource = 1;
   }, 6);
-  bindEntries(s, kTonicEntries, [](std::int16_t tonic) { gTonicChoice = tonic; }, 15);
+  sBindTonicMenu(s, raise, 15);
   bindEntries(s, kDroneEntries, [](std::int16_t type) { gCurrDroneType = type; }, 25);
   onClick(s, "cMnuUsePat", [] { gPatternSource = 2; raise(29); });
   onClick(s, "cMnuRenPat", [] { raise(31); });
