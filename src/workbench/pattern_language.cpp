@@ -29,15 +29,15 @@ constexpr std::size_t kLongTokenFrom = 8;  // characters left for a 5-character 
 bool isDigit(char c) { return c >= '0' && c <= '9'; }
 
 // The tokens of a pattern, as fInterpretPattern describes.
-std::vector<std::string> fPatternTokens(const std::string& spec) {
+std::vector<std::string> fPatternTokens(const std::string& patternText) {
   std::vector<std::string> tokens;
   std::size_t at = 0;
-  while (spec.size() - at >= kLongTokenFrom) {
-    const std::size_t length = isDigit(spec[at + 4]) ? 5 : 4;
-    tokens.push_back(spec.substr(at, length));
+  while (patternText.size() - at >= kLongTokenFrom) {
+    const std::size_t length = isDigit(patternText[at + 4]) ? 5 : 4;
+    tokens.push_back(patternText.substr(at, length));
     at += length;
   }
-  if (at < spec.size()) tokens.push_back(spec.substr(at));
+  if (at < patternText.size()) tokens.push_back(patternText.substr(at));
   return tokens;
 }
 
@@ -134,11 +134,11 @@ std::vector<std::string> fPhraseWords(const std::string& text) {
   return words;
 }
 
-std::int16_t fInterpretPattern(const std::string& spec) {
+std::int16_t fInterpretPattern(const std::string& patternText) {
   NV_PROC("fInterpretPattern");
   gPatternOffsets.clear();
   std::int32_t end = 0;
-  for (const std::string& token : fPatternTokens(spec)) {
+  for (const std::string& token : fPatternTokens(patternText)) {
     if (!fAddTokenOffsets(token, end)) {
       gPatternOffsets.clear();
       return 0;

@@ -46,7 +46,7 @@ extern std::vector<std::int32_t> gPatternOffsets;
 // characters when the fifth is a digit, else 4; the rest, however long, is
 // the last token (so only the last token may have a count of 3 digits or
 // more). Counts are decimal digits only.
-std::int16_t fInterpretPattern(const std::string& spec);
+std::int16_t fInterpretPattern(const std::string& patternText);
 
 // The standard pattern `index` for a scale of gScaleSize `scaleSize` (0
 // Audav, 1 Shadav, 2 Sampoorna): the two whole-scale patterns 0 and 1 are

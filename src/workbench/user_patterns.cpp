@@ -64,7 +64,7 @@ void sRenameConfirmed(const std::string& newName) {
 
 }  // namespace
 
-bool fAddUserPattern(const std::string& name, const std::string& spec, std::int32_t kind) {
+bool fAddUserPattern(const std::string& name, const std::string& patternText, std::int32_t kind) {
   NV_PROC("fAddUserPattern");
   platform::Transaction transaction(*gDbB);
   auto table = fSeekPattern(name);
@@ -73,7 +73,7 @@ bool fAddUserPattern(const std::string& name, const std::string& spec, std::int3
   table->addNew();
   table->setField("PatternId", platform::Value(static_cast<std::int64_t>(count + 1)));
   table->setField("PatternName", platform::Value(name));
-  table->setField("PatternPhrase", platform::Value(spec));
+  table->setField("PatternPhrase", platform::Value(patternText));
   table->setField("PatternMode", platform::Value(static_cast<std::int64_t>(kind)));
   table->update();
   transaction.commit();

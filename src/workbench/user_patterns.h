@@ -37,6 +37,6 @@ void sDeleteUserPattern();
 // adds a row with PatternId = rows + 1: false when the name is in use.
 // fRenameUserPattern: false when the old name is missing or the new one is
 // in use (another pattern's). fDeleteUserPattern: false when missing.
-bool fAddUserPattern(const std::string& name, const std::string& spec, std::int32_t kind);
+bool fAddUserPattern(const std::string& name, const std::string& patternText, std::int32_t kind);
 bool fRenameUserPattern(const std::string& oldName, const std::string& newName);
 bool fDeleteUserPattern(const std::string& name);

@@ -453,7 +453,7 @@ void sRagaOwnPhrase() {
 }
 
 bool fPhraseSpecError(const char* title) {
-  platform::windowSystem().messageBox("Error in phrase spec", platform::kMsgInformation, title);
+  platform::windowSystem().messageBox("Error in phrase patternText", platform::kMsgInformation, title);
   return false;
 }
 
@@ -466,19 +466,19 @@ bool fExpandPatternInForce() {
       sRagaOwnPhrase();
       return true;
     }
-    const std::string& spec = standard ? gStdPatterns[static_cast<std::size_t>(gStdPatternIndex)] : gPatternSpec;
-    if (fInterpretPattern(spec) == 0) return fPhraseSpecError("Message");
+    const std::string& patternText = standard ? gStdPatterns[static_cast<std::size_t>(gStdPatternIndex)] : gPatternSpec;
+    if (fInterpretPattern(patternText) == 0) return fPhraseSpecError("Message");
     sCreateRagaPatternFromBP();
     return !gSelPhrase.empty();
   }
-  std::string spec = gPatternSpec;
+  std::string patternText = gPatternSpec;
   if (standard) {
-    spec = gWBMode == 2 ? fStdPatternForScale(gStdPatternIndex, gScaleSize)
+    patternText = gWBMode == 2 ? fStdPatternForScale(gStdPatternIndex, gScaleSize)
                         : gStdPatterns[static_cast<std::size_t>(gStdPatternIndex)];
     gBaseNoteIndex = gStdPatternIndex == 1 ? 0 : kPlaceOfSa;
     gPatternKind = gStdPatternIndex <= 1 ? 1 : 2;
   }
-  if (fInterpretPattern(spec) == 0) return fPhraseSpecError("Messge");
+  if (fInterpretPattern(patternText) == 0) return fPhraseSpecError("Messge");
   sCreateScalePatternFromBP();
   if (gSelPhrase.empty()) sShowMessage(kOvershootMessage);
   return !gSelPhrase.empty();

@@ -230,7 +230,7 @@ void sUpdatePatternPhrase() {
   NV_PROC("sUpdatePatternPhrase");
   gPatternSpec += gSpecStart + gSpecDir + gSpecKind + std::to_string(gSpecCount);
   if (fInterpretPattern(gPatternSpec) == 0) {
-    platform::windowSystem().messageBox("Error in phrase spec", platform::kMsgInformation, "Messge");
+    platform::windowSystem().messageBox("Error in phrase patternText", platform::kMsgInformation, "Messge");
     return;
   }
   gBaseNoteIndex = kPlaceOfSa;

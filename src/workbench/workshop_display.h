@@ -18,7 +18,7 @@ void sProcessOptionSelection(std::int16_t choice);
 void sInitPatternSpec();
 // Appends the token the dialogue (or a key) built to gPatternSpec, then
 // expands it over the scale and shows the notes in cPatName; "Error in
-// phrase spec" (titled "Messge") when it is no pattern.
+// phrase patternText" (titled "Messge") when it is no pattern.
 void sUpdatePatternPhrase();
 
 void sEnableF13Selections();

@@ -29,7 +29,7 @@ Offsets upAndDown(int n) {
 
 TEST(PatternLanguage, InterpretsTokensIntoOffsets) {
   const struct {
-    std::string spec;
+    std::string patternText;
     Offsets offsets;
   } rows[] = {
       {"BUC1", {0, 1}},
@@ -44,8 +44,8 @@ TEST(PatternLanguage, InterpretsTokensIntoOffsets) {
       {"BUC0", {0}},
   };
   for (const auto& row : rows) {
-    EXPECT_EQ(fInterpretPattern(row.spec), -1) << row.spec;
-    EXPECT_EQ(gPatternOffsets, row.offsets) << row.spec;
+    EXPECT_EQ(fInterpretPattern(row.patternText), -1) << row.patternText;
+    EXPECT_EQ(gPatternOffsets, row.offsets) << row.patternText;
   }
 }
 
@@ -57,8 +57,8 @@ TEST(PatternLanguage, RefusesTextThatIsNoPattern) {
       "BUC1;LDC1", std::string(10000, 'B'),
       "BUC123BUC1",                     // "BUC12", then "3BUC1"
   };
-  for (const std::string& spec : refused) {
-    EXPECT_EQ(fInterpretPattern(spec), 0) << spec.substr(0, 20);
+  for (const std::string& patternText : refused) {
+    EXPECT_EQ(fInterpretPattern(patternText), 0) << patternText.substr(0, 20);
     EXPECT_TRUE(gPatternOffsets.empty());
   }
   std::string long10000;
@@ -86,8 +86,8 @@ class Expansion : public ::testing::Test {
     gCurrMode = 2;
     gBaseNoteIndex = kPlaceOfSa;
   }
-  std::string scale(const std::string& spec, std::int32_t kind) {
-    EXPECT_EQ(fInterpretPattern(spec), -1) << spec;
+  std::string scale(const std::string& patternText, std::int32_t kind) {
+    EXPECT_EQ(fInterpretPattern(patternText), -1) << patternText;
     gPatternKind = kind;
     sCreateScalePatternFromBP();
     return gSelPhrase;
@@ -130,9 +130,9 @@ TEST_F(Expansion, OvershootIsAForgivenFaultWithNoPhrase) {
   const auto log = std::filesystem::path(gDataPath) / "ignoerr.txt";
   std::filesystem::remove(log);
   major();
-  for (const char* spec : {"BUC20", "BDC5", "bUJ300"}) {
-    EXPECT_EQ(scale(spec, 1), "") << spec;
-    EXPECT_EQ(scale(spec, 2), "") << spec;
+  for (const char* patternText : {"BUC20", "BDC5", "bUJ300"}) {
+    EXPECT_EQ(scale(patternText, 1), "") << patternText;
+    EXPECT_EQ(scale(patternText, 2), "") << patternText;
   }
   sSetScaleAndSelNotesForPhrase("S R G m D S>");  // no P: no "P<" to start from
   gBaseNoteIndex = 0;

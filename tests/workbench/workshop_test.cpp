@@ -248,14 +248,14 @@ TEST_F(WorkshopTest, AUserPatternIsSavedFoundAgainRenamedAndDeleted) {
 TEST_F(WorkshopTest, BadStoredPatternsAreToldNeverFatal) {
   const std::string overshoot = kOvershootMessage;
   const struct {
-    std::string spec;
+    std::string patternText;
     std::string message;
   } rows[] = {
-      {"", "Messge: Error in phrase spec"},
-      {"Sa Re Ga", "Messge: Error in phrase spec"},
-      {"\xe0\xa4\xb8\xe0\xa4\xbe", "Messge: Error in phrase spec"},
-      {std::string(10000, '9'), "Messge: Error in phrase spec"},
-      {"BUC1;", "Messge: Error in phrase spec"},
+      {"", "Messge: Error in phrase patternText"},
+      {"Sa Re Ga", "Messge: Error in phrase patternText"},
+      {"\xe0\xa4\xb8\xe0\xa4\xbe", "Messge: Error in phrase patternText"},
+      {std::string(10000, '9'), "Messge: Error in phrase patternText"},
+      {"BUC1;", "Messge: Error in phrase patternText"},
       {"BUC30", "Message: " + overshoot},
   };
   for (const auto& row : rows) {
@@ -264,17 +264,17 @@ TEST_F(WorkshopTest, BadStoredPatternsAreToldNeverFatal) {
     auto table = gDbB->openRecordset("User Patterns", platform::RecordsetType::Table);
     table->addNew();
     table->setField("PatternName", platform::Value("bad"));
-    table->setField("PatternPhrase", platform::Value(row.spec));
+    table->setField("PatternPhrase", platform::Value(row.patternText));
     table->setField("PatternMode", platform::Value(1));
     table->update();
     t.commit();
   }
   click("cMajorScale");
   for (const auto& row : rows) {
-    gDbB->execute("UPDATE \"User Patterns\" SET \"PatternPhrase\" = '" + row.spec + "'");
+    gDbB->execute("UPDATE \"User Patterns\" SET \"PatternPhrase\" = '" + row.patternText + "'");
     click("cMnuUsePat");
     pick("bad");
-    EXPECT_EQ(messages().back(), row.message) << row.spec.substr(0, 10);
+    EXPECT_EQ(messages().back(), row.message) << row.patternText.substr(0, 10);
     EXPECT_FALSE(playing());
   }
   EXPECT_EQ(gCurrFormId, kFormWorkshop);
