@@ -130,10 +130,8 @@ void drawGrid(Layout& l, const ScoreCompositionPart& part, const TalaLayout& tal
       if (i < notes.size() && !notes[i].empty())
         l.sheet().drawText(x, top + syllableH + noteH * 0.8, notes[i], fitted(notes[i], noteFont));
       const std::string mark = vibhagMarkOnBeat(tala.vibhags, b + 1);
-      if (!mark.empty()) {
-        l.sheet().drawText(x, top + syllableH + noteH + markH * 0.8, mark, markFont);
-        if (b > 0) l.sheet().drawLine(b * cell, top, b * cell, top + syllableH + noteH);
-      }
+      if (!mark.empty()) l.sheet().drawText(x, top + syllableH + noteH + markH * 0.8, mark, markFont);
+      if (vibhagDividerBefore(tala.vibhags, b + 1)) l.sheet().drawLine(b * cell, top, b * cell, top + syllableH + noteH);
     }
     l.gap(rowH);
   }

@@ -57,3 +57,7 @@ std::string vibhagMarkOnBeat(const std::vector<Vibhag>& vibhags, int beat) {
     if (v.firstBeat == beat) return v.mark;
   return "";
 }
+
+bool vibhagDividerBefore(const std::vector<Vibhag>& vibhags, int beat) {
+  return beat > 1 && !vibhagMarkOnBeat(vibhags, beat).empty();
+}

@@ -27,3 +27,8 @@ std::optional<std::vector<Vibhag>> parseVibhags(const std::string& beatsText, co
 // The mark over the given beat (1-based) of the cycle, or "" when the beat
 // starts no division.
 std::string vibhagMarkOnBeat(const std::vector<Vibhag>& vibhags, int beat);
+
+// True when a divider stands before the given beat (1-based): the first beat
+// of every division but the first, as notation books draw the bar lines
+// within a cycle (the printed sheet and the player's grid alike).
+bool vibhagDividerBefore(const std::vector<Vibhag>& vibhags, int beat);

@@ -48,10 +48,19 @@ constexpr float kEmsAcrossNoteCell = 3.0f;
 // The sam, beat 1, is marked in the beat numbers: bold, in dark red.
 constexpr int kSamColor = 0x0000A0;
 
+// The divisions of the tala on show, read when the grid is built.
+std::vector<Vibhag> gGridVibhags;
+
 platform::Screen& form() { return *gCurrForm; }
 platform::Control& ctl(const char* name, int index = -1) { return form().control(name, index); }
 
 int fSlotCount() { return gRowsPerCycle * gGridBeats; }
+
+int fDividerCount() {
+  int dividers = 0;
+  for (int b = 1; b <= gGridBeats; ++b) dividers += vibhagDividerBefore(gGridVibhags, b) ? 1 : 0;
+  return dividers;
+}
 
 struct GridMeasures {
   float left = 0;        // of the first cell
@@ -103,12 +112,18 @@ void sFitNoteFont(platform::Control& cell) {
   cell.setFontSize(fFontPoints(cell, gNotationScript == 1, kEmsAcrossNoteCell));
 }
 
+float fBeatLeft(const GridMeasures& m, int beatIndex) {
+  return m.left + static_cast<float>(beatIndex) * (m.cellWidth + m.gap);
+}
+
+// Each beat's number; the first beat of a division carries its mark before
+// the number, as "x 1", "2 5", "0 9".
 void sPlaceBeatNumbers(const GridMeasures& m) {
   for (int b = 0; b < gGridBeats; ++b) {
     platform::Control& beat = ctl("cBeat", b);
-    sPlace(beat, m.left + static_cast<float>(b) * (m.cellWidth + m.gap), m.top, m.cellWidth,
-           m.cellHeight);
-    beat.setCaption(std::to_string(b + 1));
+    sPlace(beat, fBeatLeft(m, b), m.top, m.cellWidth, m.cellHeight);
+    const std::string mark = vibhagMarkOnBeat(gGridVibhags, b + 1);
+    beat.setCaption(mark.empty() ? std::to_string(b + 1) : mark + " " + std::to_string(b + 1));
     beat.setFontSize(fFontPoints(beat, false));
   }
   platform::Control& sam = ctl("cBeat", 0);
@@ -125,7 +140,7 @@ void sPlaceRows(const GridMeasures& m) {
     label.setFontSize(fFontPoints(ctl("cBeat", 0), false));
     for (int b = 0; b < gGridBeats; ++b) {
       const int slot = r * gGridBeats + b;
-      const float x = m.left + static_cast<float>(b) * (m.cellWidth + m.gap);
+      const float x = fBeatLeft(m, b);
       platform::Control& syllable = ctl("cMatra", slot);
       sPlace(syllable, x, y, m.cellWidth, m.cellHeight);
       syllable.setFontSize(fFontPoints(syllable, false));
@@ -134,6 +149,20 @@ void sPlaceRows(const GridMeasures& m) {
       sFitNoteFont(note);
     }
     y += 2 * m.cellHeight + m.rowGap;
+  }
+}
+
+// A line down the middle of the gap before each division's first beat, from
+// the beat numbers to the last row's notes.
+void sPlaceDividers(const GridMeasures& m) {
+  const float bottom = m.top + m.cellHeight + static_cast<float>(gRowsPerCycle) * (2 * m.cellHeight + m.rowGap);
+  int divider = 0;
+  for (int b = 2; b <= gGridBeats; ++b) {
+    if (!vibhagDividerBefore(gGridVibhags, b)) continue;
+    platform::Control& line = ctl("cVibhag", divider++);
+    const float x = fBeatLeft(m, b - 1) - m.gap / 2;
+    line.setLine(x, m.top, x, bottom - m.rowGap);
+    line.setVisible(true);
   }
 }
 
@@ -172,6 +201,7 @@ void sAdjustDisplayForTala() {
   NV_PROC("sAdjustDisplayForTala");
   const CompPartRecord& part = gCompInfo[gCompPart == 2 ? 1 : 0];
   gGridBeats = fGetBeatCountForTala(part.TalaId);
+  gGridVibhags = fGetVibhagsForTala(part.TalaId);
   // A screen opened without a composition (no tala) shows an empty grid.
   ctl("Label25").setCaption("Tala : " + (part.TalaId != 0 ? fGetTalaName(part.TalaId) : ""));
   ctl("Label26").setCaption(std::to_string(gGridBeats) + " Beats");
@@ -180,6 +210,7 @@ void sAdjustDisplayForTala() {
   gRowsPerCycle = static_cast<std::int16_t>(std::min(rows, kMaxGridRows));
   for (int b = 1; b < gGridBeats; ++b) form().loadElement("cBeat", b);
   for (int r = 1; r < gRowsPerCycle; ++r) form().loadElement("cRow", r);
+  for (int d = 1; d < fDividerCount(); ++d) form().loadElement("cVibhag", d);
   for (int s = 1; s < fSlotCount(); ++s) {
     form().loadElement("cMatra", s);
     form().loadElement("cNote", s);
@@ -193,6 +224,7 @@ void sPlaceCompositionGrid() {
   const GridMeasures m = fMeasureGrid();
   sPlaceBeatNumbers(m);
   sPlaceRows(m);
+  sPlaceDividers(m);
 }
 
 void sDisplayCompositionData() {

@@ -1,7 +1,10 @@
 // The tala grid of the composition player: one row for each cycle of the
 // tala, one cell for each beat, a syllable cell (cMatra) above a note cell
 // (cNote), beat numbers (cBeat) along the top with the sam (beat 1) marked,
-// and row numbers (cRow) down the side. Element 0 of each array is designed
+// and row numbers (cRow) down the side. The tala's divisions are marked as
+// notation books mark them: the first beat of each carries its mark ("x 1",
+// "2 5", "0 9"; Rupak's sam, a khali, "0 1") and a line (cVibhag) stands
+// before it, beat 1 excepted. Element 0 of each array is designed
 // into the screen; the layout creates the rest.
 //
 // Slot s (1-based) is array index s - 1, in row Int((s - 1) / beats) + 1 at
@@ -9,7 +12,8 @@
 //
 // State: gGridBeats; the composition's first and last row and beat, which
 // the player checks a stretch against (gCompFirstRow, gCompFirstBeat,
-// gCompLastRow, gCompLastBeat). gRowsPerCycle and gFormBeatCount are the
+// gCompLastRow, gCompLastBeat); the tala's divisions (composition_grid.cpp).
+// gRowsPerCycle and gFormBeatCount are the
 // music buffers' (sound/music_buffers.h).
 #pragma once
 

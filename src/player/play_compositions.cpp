@@ -2,8 +2,13 @@
 // its tala grid: a whole part in Learning mode, a typed stretch in Practice
 // mode, once or looped, with the cell of the sounding beat walking through
 // the grid. Loop rounds follow each other without a break: while a round
-// sounds, its file is queued on the device to sound again straight after
-// it. State: gRebuilt, gSavedTonicNoteId.
+// sounds, the next round's file is queued on the device to sound straight
+// after it. In Learning each round of the part is built afresh, turn about
+// in the part's own buffer and in the stretch's (C.wav), so that the drone,
+// which the synthesis library carries on from one built file to the next,
+// runs on in phase across the rounds instead of starting its cycle again;
+// a typed stretch is a cut from the part's file and its rounds repeat that
+// cut. State: gRebuilt, gSavedTonicNoteId.
 #include "player/player.h"
 
 #include <cstddef>
@@ -25,6 +30,7 @@
 #include "sound/composition_segment.h"
 #include "sound/drone.h"
 #include "sound/music_buffers.h"
+#include "sound/music_file.h"
 #include "sound/music_set.h"
 #include "sound/play_bols.h"
 #include "sound/play_chain.h"
@@ -69,21 +75,59 @@ void sShowModePrompts() {
     sDisplayLearningModePromptsForCompositions();
 }
 
-// Starts the chain and, while looping, queues the same file behind itself,
-// so that the next round begins without a break.
+// The buffer a Learning round of the part on show plays from: its own (0
+// or 1), or the stretch's, turn about.
+std::int16_t fPartBuffer() { return static_cast<std::int16_t>(gCompPart == 2 ? 1 : 0); }
+std::int16_t fOtherRoundBuffer(std::int16_t buffer) {
+  return buffer == kStretchBuffer ? fPartBuffer() : kStretchBuffer;
+}
+
+// Builds the part on show afresh into `buffer`'s file, its timing copied
+// from the part's buffer; the stretch's file, when overwritten, is to be
+// cut again. False when the build failed (its message shown).
+bool fBuildLearningRound(std::int16_t buffer) {
+  if (buffer != fPartBuffer())
+    gMusicBuffers[static_cast<std::size_t>(buffer)] = gMusicBuffers[static_cast<std::size_t>(fPartBuffer())];
+  if (buffer == kStretchBuffer) sInitCS(3);
+  return fPrepareToPlaySelection1(buffer) != 0;
+}
+
+// The file of the round after this one, queued to follow it: in Learning the
+// part built afresh in the other buffer, in Practice the same cut.
+void sQueueNextRound() {
+  if (gCurrMode != kLearning) {
+    sQueueMusicFile(gCurrMusicFile);
+    return;
+  }
+  const std::int16_t next = fOtherRoundBuffer(gCurrBuffer);
+  if (fBuildLearningRound(next))
+    sQueueMusicFile(gWavFiles[static_cast<std::size_t>(next)]);
+  else
+    gLooping = false;  // this round ends the run
+}
+
+// Starts the chain and, while looping, queues the next round behind it, so
+// that the next round begins without a break.
 void sStartRound() {
   if (!fPlayMusicPhrases(form())) {
     sShowMessage("Error playing music phrases");
     return;
   }
-  if (gLooping && gFileOpened != 0) sQueueMusicFile(gCurrMusicFile);
+  if (gLooping && gFileOpened != 0) sQueueNextRound();
 }
 
-// Play in Learning mode: the whole part on show.
+// Play in Learning mode: the whole part on show. A loop's first round is
+// built afresh, so that the drone of the rounds after it follows on from
+// this one's (the other part was built after it).
 void sPlayWholePart() {
   sDisableF14Selections();
   gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = gCompPart;
-  gBufferRotation = true;
+  gBufferRotation = false;
+  gCurrBuffer = fPartBuffer();
+  if (gLooping && !fBuildLearningRound(gCurrBuffer)) {
+    sEnableF14Selections();
+    return;
+  }
   sStartRound();
 }
 
@@ -196,6 +240,7 @@ void sRoundEnded() {
   }
   const std::int16_t phrase = gCurrMode == kLearning ? gCompPart : 1;
   gPlaySet.Position = gPlaySet.FirstPhrase = gPlaySet.LastPhrase = phrase;
+  if (gCurrMode == kLearning) gCurrBuffer = fOtherRoundBuffer(gCurrBuffer);  // the round queued
   sStartRound();
 }
 

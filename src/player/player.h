@@ -8,6 +8,8 @@
 
 #include <cstdint>
 
+#include "export/export_job.h"
+
 namespace platform {
 class Screen;
 }
@@ -45,3 +47,8 @@ void sSetupForCurrCompPart();
 void sGetReadyToPlaySegment();
 
 void sBindPlayComposition1Events(platform::Screen& screen);
+
+// The Export menu: the composition on the screen, both parts, saved through
+// the export's dialogs under the name "<raga> - <composition>". Offered
+// only while nothing sounds, as a sound export rebuilds the parts' files.
+void sExportComposition(ExportFormat format);

@@ -15,8 +15,8 @@ namespace {
 
 platform::Control& ctl(const char* name) { return gCurrForm->control(name); }
 
-constexpr std::array<const char*, 13> kIdleControls = {
-    "cMnuHel", "cMnuNotScr", "cMnuGraNot", "cMnuThe", "cMnuDro", "cMnuTonKey", "cMnuSyn",
+constexpr std::array<const char*, 14> kIdleControls = {
+    "cMnuHel", "cMnuNotScr", "cMnuGraNot", "cMnuThe", "cMnuDro", "cMnuTonKey", "cMnuSyn", "cMnuXpt",
     "Frame1",  "Frame2",     "cReturn",    "cPlay",   "cStartLoop", "cSlider"};
 constexpr std::array<const char*, 4> kStretchFields = {"cFRow", "cFBeat", "cTRow", "cTBeat"};
 constexpr std::array<const char*, 15> kStretchControls = {

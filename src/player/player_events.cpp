@@ -65,6 +65,9 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuSpe", [] { if (gDelayPC < INT16_MAX) ++gDelayPC; });
   onClick(s, "cMnuUseThe", [] { gThekaMode = 1; sMnuThekaCheck(); raise(9); });
   onClick(s, "cMnuNoThe", [] { gThekaMode = 2; sMnuThekaCheck(); raise(9); });
+  onClick(s, "cMnuXptSnd", [] { sExportComposition(ExportFormat::Sound); });
+  onClick(s, "cMnuXptMid", [] { sExportComposition(ExportFormat::Midi); });
+  onClick(s, "cMnuXptPdf", [] { sExportComposition(ExportFormat::Pdf); });
   sBindTonicMenu(s, raise, 4);
 }
 

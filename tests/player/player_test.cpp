@@ -1,10 +1,13 @@
 // The composition player driven through its events in the whole program on
 // the virtual clock: Learning walks the red cell beat by beat with the
 // sound, Practice cuts the typed stretch once and checks it with the
-// screen's messages, looping joins its rounds without a break, a tonic
-// chosen here reaches the exploration screen, and a composition the grid
-// cannot show is refused by name.
+// screen's messages, looping joins its rounds without a break, each
+// Learning round built afresh so that the drone runs on, a tonic chosen
+// here reaches the exploration screen, the Export menu saves the
+// composition, and a composition the grid cannot show is refused by name.
 #include <filesystem>
+#include <fstream>
+#include <tuple>
 
 #include "control/screen_manager.h"
 #include "player/player.h"
@@ -130,8 +133,10 @@ TEST_F(PlayerTest, LoopRoundsFollowWithoutABreakUntilStopLooping) {
   EXPECT_TRUE(pc("cStopLoop").enabled() && !pc("cStop").enabled());
   platform::AudioDevice& mm = pc("cMM").device();
   long longestSilenceMs = 0, silentSince = -1;
+  Names files{mm.fileName};
   for (long t = 0; t < 40000; t += 10) {
     program.clock().advance(10);
+    if (mm.fileName != files.back()) files.push_back(mm.fileName);
     if (mm.mode() == platform::kModePlaying) {
       silentSince = -1;
     } else {
@@ -140,6 +145,10 @@ TEST_F(PlayerTest, LoopRoundsFollowWithoutABreakUntilStopLooping) {
     }
   }
   EXPECT_EQ(longestSilenceMs, 0) << "two rounds of 17.6 s and more, all sounding";
+  // Each round is built afresh while the one before sounds and queued, turn
+  // about in C.wav and A.wav, so that the drone's cycle runs on: the second
+  // round's file was queued as the first began.
+  EXPECT_EQ(files, (Names{gWavC, gWavA, gWavC}));
   EXPECT_GE(redCell(), 8) << "the red cell walks again in the later rounds";
   press("cStopLoop");
   runOut();
@@ -248,6 +257,34 @@ TEST_F(PlayerTest, ACompositionTheGridCannotShowIsRefusedByName) {
     EXPECT_EQ(told.rfind("The composition 'Saanjh bhayi' cannot be played", 0), 0u) << told;
     EXPECT_NE(told.find(row.says), std::string::npos) << told;
   }
+}
+
+// The Export menu saves the composition at hand, proposing "<raga> -
+// <composition>", and is offered only while nothing sounds.
+TEST_F(PlayerTest, ExportSavesTheCompositionUnderItsOwnName) {
+  open("Saanjh bhayi");
+  auto& windows = program.windows();
+  const std::filesystem::path folder = program.folder() / "exports";
+  std::filesystem::create_directories(folder);
+  windows.setFileChooser([&](const std::string& title) { return (folder / (title == "Save as Sound" ? "take.flac" : "take")).string(); });
+  windows.setChoiceResponder([](const std::string&, const std::vector<std::string>&) { return 0; });
+  for (const auto& [menu, proposed, saved, magic] :
+       {std::tuple{"cMnuXptMid", "Yaman - Saanjh bhayi.mid", "take.mid", "MThd"},
+        {"cMnuXptPdf", "Yaman - Saanjh bhayi.pdf", "take.pdf", "%PDF"},
+        {"cMnuXptSnd", "Yaman - Saanjh bhayi.flac", "take.flac", "fLaC"}}) {
+    press(menu);
+    EXPECT_EQ(windows.lastProposedSaveName(), proposed);
+    std::ifstream file(folder / saved, std::ios::binary);
+    std::string head(4, ' ');
+    file.read(head.data(), 4);
+    EXPECT_EQ(head, magic) << saved;
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3) << "nothing temporary is left";
+  press("cPlay");
+  EXPECT_FALSE(pc("cMnuXpt").enabled()) << "a sound export would rebuild the sounding part";
+  runOut();
+  EXPECT_TRUE(pc("cMnuXpt").enabled());
+  EXPECT_EQ(messageTexts(), Names{});
 }
 
 }  // namespace

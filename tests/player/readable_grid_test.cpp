@@ -2,7 +2,8 @@
 // talas (12, 14 and 16 beats) with eight rows, in both scripts, every cell
 // lies left of the controls and above the prompt line, cells do not
 // overlap, and every syllable and note, half and quarter beats sharing a
-// cell, shows whole in its font.
+// cell, shows whole in its font. Each division's first beat carries its
+// mark, and a divider stands in the gap before it.
 #include <QLabel>
 #include <QMenu>
 
@@ -58,6 +59,25 @@ class ReadableGrid : public PlayerTest {
   QLabel* label(const char* name, int index) {
     return static_cast<QLabel*>(static_cast<platform::QtControl&>(pc(name, index)).widget());
   }
+  // The marked beat numbers, as "x 1, 0 3, ...", each but the first with
+  // its divider in the gap before it and down the grid.
+  std::string expectDivisions(int beats) {
+    std::string marked;
+    int divider = 0;
+    for (int b = 0; b < beats; ++b) {
+      const std::string caption = pc("cBeat", b).caption();
+      if (caption.find(' ') == std::string::npos) continue;
+      marked += (marked.empty() ? "" : ", ") + caption;
+      if (b == 0) continue;
+      platform::Control& line = pc("cVibhag", divider++);
+      EXPECT_TRUE(line.visible());
+      EXPECT_GT(line.x1(), pc("cNote", b - 1).left() + pc("cNote", b - 1).width()) << b;
+      EXPECT_LT(line.x1(), pc("cNote", b).left()) << b;
+      EXPECT_GE(line.y2(), pc("cNote", 7 * beats).top()) << "down to the last row";
+    }
+    EXPECT_EQ(player().elementCount("cVibhag"), std::max(divider, 1));
+    return marked;
+  }
   void expectShowsWhole(const char* name, int index) {
     QLabel* cell = label(name, index);
     EXPECT_LE(cell->fontMetrics().height(), cell->height()) << name << index;
@@ -66,8 +86,16 @@ class ReadableGrid : public PlayerTest {
 };
 
 TEST_F(ReadableGrid, EightRowsOfTheLongestTalasReadAtBothSizesInBothScripts) {
-  for (const auto& [talaId, beats] : {std::pair{7, 12}, {8, 14}, {9, 16}}) {
-    openEightRows(static_cast<std::int16_t>(talaId), beats);
+  const struct {
+    std::int16_t talaId;
+    int beats;
+    const char* divisions;
+  } kTalas[] = {{7, 12, "x 1, 0 3, 2 5, 0 7, 3 9, 4 11"},
+                {8, 14, "x 1, 2 4, 0 8, 3 11"},
+                {9, 16, "x 1, 2 5, 0 9, 3 13"},
+                {4, 7, "0 1, 2 4, 3 6"}};  // Rupak: its sam is a khali
+  for (const auto& [talaId, beats, divisions] : kTalas) {
+    openEightRows(talaId, beats);
     ASSERT_EQ(gCurrFormId, kFormPlayComposition1) << talaId;
     ASSERT_EQ(player().elementCount("cNote"), 8 * beats);
     for (const auto& [width, height] : {std::pair{1366, 768}, {1920, 1080}}) {
@@ -90,6 +118,7 @@ TEST_F(ReadableGrid, EightRowsOfTheLongestTalasReadAtBothSizesInBothScripts) {
         }
         for (int b = 0; b < beats; ++b) expectShowsWhole("cBeat", b);
         for (int r = 0; r < 8; ++r) expectShowsWhole("cRow", r);
+        EXPECT_EQ(expectDivisions(beats), divisions);
       }
     }
     EXPECT_TRUE(pc("cBeat", 0).fontBold()) << "the sam is marked";

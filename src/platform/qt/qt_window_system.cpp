@@ -120,6 +120,7 @@ bool QtWindowSystem::openDocument(const std::string& path) {
 // The save dialog; the file chooser a harness installs answers it too.
 std::string QtWindowSystem::chooseFileToSave(const std::string& title, const std::string& folder,
                                              const std::string& proposedName, const std::string& nameFilter) {
+  lastProposedSaveName_ = proposedName;
   if (fileChooser_) return fileChooser_(title);
   const QString start = QDir(QString::fromStdString(folder)).filePath(QString::fromStdString(proposedName));
   return QFileDialog::getSaveFileName(nullptr, QString::fromStdString(title), start, QString::fromStdString(nameFilter))

@@ -72,6 +72,8 @@ class QtWindowSystem : public WindowSystem {
   void setDetailedMessageBoxResponder(DetailedMessageBoxResponder responder);
   void setChoiceResponder(ChoiceResponder responder);
   void setFileChooser(FileChooser chooser);
+  // The name the last save dialog proposed, for a harness to check.
+  const std::string& lastProposedSaveName() const { return lastProposedSaveName_; }
 
   // Used by the controls.
   const DevanagariConverters& devanagari() const { return devanagari_; }
@@ -88,6 +90,7 @@ class QtWindowSystem : public WindowSystem {
   DetailedMessageBoxResponder detailedResponder_;
   ChoiceResponder choiceResponder_;
   FileChooser fileChooser_;
+  std::string lastProposedSaveName_;
   std::string notationFamily_;
 };
 
