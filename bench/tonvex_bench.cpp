@@ -5,12 +5,15 @@
 // tuning both seed sets, and preparing the drone (done on a change of tonic
 // or drone type), afresh and from the cache.
 #include <benchmark/benchmark.h>
+#include <sndfile.h>
 
 #include <filesystem>
 #include <string>
 #include <vector>
 
+#include "platform/wavefile.h"
 #include "render_setup.h"
+#include "wav_file.h"
 #include "tonvex/seed_design.h"
 #include "tonvex/tonvex.h"
 
@@ -75,6 +78,92 @@ void BM_TenMinutePhraseWithDroneAndTheka(benchmark::State& state) {
   std::filesystem::remove(out);
 }
 BENCHMARK(BM_TenMinutePhraseWithDroneAndTheka)->Unit(benchmark::kMillisecond);
+
+// The renderer's blocks: 4096 samples (8 KB) at a time, 600 s of a sine.
+constexpr size_t kMixBlock = 4096;
+constexpr size_t kTenMinutes = 600 * size_t(tonvex::kSampleRate);
+
+std::vector<int16_t> tenMinuteMix() {
+  std::vector<int16_t> mix(kTenMinutes);
+  for (size_t i = 0; i < mix.size(); ++i) mix[i] = int16_t((i * 37) % 20000 - 10000);
+  return mix;
+}
+
+void countMixSeconds(benchmark::State& state) {
+  state.counters["x_real_time"] =
+      benchmark::Counter(600.0 * double(state.iterations()), benchmark::Counter::kIsRate);
+}
+
+void BM_WriteTenMinuteMixOurWriter(benchmark::State& state) {
+  const auto mix = tenMinuteMix();
+  const std::string out = benchFile();
+  for (auto _ : state) {
+    auto sink = tonvex::openWavFileSink(out);
+    for (size_t at = 0; sink && at < mix.size(); at += kMixBlock)
+      sink->write(std::span(mix).subspan(at, std::min(kMixBlock, mix.size() - at)));
+    if (!sink || !sink->finish()) state.SkipWithError("write failed");
+  }
+  countMixSeconds(state);
+  std::filesystem::remove(out);
+}
+BENCHMARK(BM_WriteTenMinuteMixOurWriter)->Unit(benchmark::kMillisecond);
+
+// mode 0: sf_writef_short, mode 1: sf_write_raw of the little-endian blocks.
+void BM_WriteTenMinuteMixLibsndfile(benchmark::State& state) {
+  const auto mix = tenMinuteMix();
+  const std::string out = benchFile();
+  for (auto _ : state) {
+    SF_INFO info{};
+    info.samplerate = tonvex::kSampleRate;
+    info.channels = 1;
+    info.format = SF_FORMAT_WAV | SF_FORMAT_PCM_16;
+    SNDFILE* f = sf_open(out.c_str(), SFM_WRITE, &info);
+    for (size_t at = 0; f && at < mix.size(); at += kMixBlock) {
+      const auto n = sf_count_t(std::min(kMixBlock, mix.size() - at));
+      if (state.range(0) == 0) sf_writef_short(f, mix.data() + at, n);
+      else sf_write_raw(f, mix.data() + at, n * 2);
+    }
+    if (f == nullptr || sf_close(f) != 0) state.SkipWithError("write failed");
+  }
+  countMixSeconds(state);
+  std::filesystem::remove(out);
+}
+BENCHMARK(BM_WriteTenMinuteMixLibsndfile)->Arg(0)->Arg(1)->Unit(benchmark::kMillisecond);
+
+// A 60-second music file read whole, as the audio device loads one to play.
+std::string minuteMusicFile() {
+  const std::string path = benchFile() + ".read.wav";
+  const auto mix = tenMinuteMix();
+  tonvex::writeWavFile(path, std::span(mix).first(60 * size_t(tonvex::kSampleRate)));
+  return path;
+}
+
+void BM_ReadMusicFileOurDecoder(benchmark::State& state) {
+  const std::string path = minuteMusicFile();
+  for (auto _ : state) {
+    platform::WaveClip clip;
+    if (platform::readWaveFile(path, clip).status != platform::WaveReadStatus::Ok)
+      state.SkipWithError("read failed");
+    benchmark::DoNotOptimize(clip.samples.data());
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(BM_ReadMusicFileOurDecoder)->Unit(benchmark::kMillisecond);
+
+void BM_ReadMusicFileLibsndfile(benchmark::State& state) {
+  const std::string path = minuteMusicFile();
+  for (auto _ : state) {
+    SF_INFO info{};
+    SNDFILE* f = sf_open(path.c_str(), SFM_READ, &info);
+    std::vector<int16_t> samples(size_t(info.frames * info.channels));
+    if (f == nullptr || sf_readf_short(f, samples.data(), info.frames) != info.frames)
+      state.SkipWithError("read failed");
+    sf_close(f);
+    benchmark::DoNotOptimize(samples.data());
+  }
+  std::filesystem::remove(path);
+}
+BENCHMARK(BM_ReadMusicFileLibsndfile)->Unit(benchmark::kMillisecond);
 
 // What tonvex-render does before it renders: both seed sets from the bank,
 // loaded and tuned, the drone prepared, the tabla kit loaded.
