@@ -1,9 +1,10 @@
-// Reading PCM wave files for playback.
+// Reading PCM wave files for playback, through libsndfile.
 //
 // The synthesis library writes 16-bit mono files at 44 100 Hz; the reader
-// takes 16-bit PCM with one or two channels at any rate and refuses anything
-// else with a reason: a missing file, a file too short for its header or its
-// data chunk, a file that is not RIFF/WAVE, or another sample format.
+// takes 16-bit PCM wave files with one or two channels at any rate and
+// refuses anything else with one message that names the file and the
+// reason: a missing file, a file libsndfile cannot read (not RIFF/WAVE, its
+// header cut short), a file cut short in its data, or another sample format.
 #pragma once
 
 #include <cstdint>
@@ -31,14 +32,10 @@ enum class WaveReadStatus { Ok, Missing, Invalid };
 
 struct WaveReadResult {
   WaveReadStatus status = WaveReadStatus::Invalid;
-  std::string error;  // why the file was refused; empty when Ok
+  std::string error;  // "<path>: why the file was refused"; empty when Ok
 };
 
 // Reads path into clip. On failure clip is left empty.
 WaveReadResult readWaveFile(const std::string& path, WaveClip& clip);
-
-// Decodes the bytes of a whole wave file (what readWaveFile does after
-// loading it), so that a buffer can be checked without a file.
-WaveReadResult decodeWave(const std::vector<std::uint8_t>& bytes, WaveClip& clip);
 
 }  // namespace platform

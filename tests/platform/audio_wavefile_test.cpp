@@ -1,4 +1,5 @@
-// Wave file reader: what it reads, and each way a file is refused.
+// Wave file reader: what it reads, and each way a file is refused (damaged
+// and truncated files included) with a message naming the file.
 #include "platform/wavefile.h"
 
 #include <gtest/gtest.h>
@@ -35,12 +36,12 @@ TEST(WaveFile, ReadsPcmFilesAndCountsTheirLengthInFrames) {
   testing::putTag(list, "LIST");
   testing::putU32(list, 3);
   list.insert(list.end(), {'a', 'b', 'c', 0});  // three bytes and the pad byte
-  // The extensible form: its sub-format GUID begins with the PCM tag.
+  // The extensible form: its sub-format is the PCM GUID.
   std::vector<std::uint8_t> extensible;
   testing::putTag(extensible, "fmt ");
   for (std::uint32_t v : {40u, 0x1FFFEu, 44100u, 88200u, 0x100002u, 0x100016u, 4u, 1u})
     testing::putU32(extensible, v);
-  extensible.resize(extensible.size() + 12, 0);
+  extensible.insert(extensible.end(), {0, 0, 0x10, 0, 0x80, 0, 0, 0xAA, 0, 0x38, 0x9B, 0x71});
   // Seen in the field: a data chunk shorter than one frame is a valid,
   // silent file (decoding it once handed memcpy a null pointer).
   std::vector<std::uint8_t> partFrame;
@@ -58,7 +59,8 @@ TEST(WaveFile, ReadsPcmFilesAndCountsTheirLengthInFrames) {
       {testing::riff({testing::formatChunk(format(2, 44100, 0)), partFrame}), 0, 0},
   };
   for (const auto& row : rows) {
-    WaveReadResult result = decodeWave(row.bytes, clip);
+    testing::writeBytes(dir.file("row.wav"), row.bytes);
+    WaveReadResult result = readWaveFile(dir.file("row.wav"), clip);
     ASSERT_EQ(result.status, WaveReadStatus::Ok) << result.error;
     EXPECT_EQ(clip.frameCount(), row.frames);
     EXPECT_EQ(clip.lengthMs(), row.lengthMs);
@@ -74,23 +76,25 @@ TEST(WaveFile, RefusesWhatItCannotPlayWithAReason) {
   const WaveSpec good = format(1, 44100, 100);
   const std::vector<std::uint8_t> goodBytes = testing::waveBytes(good);
   const struct { const char* what; std::vector<std::uint8_t> bytes; const char* reason; } rows[] = {
-      {"empty file", {}, "too short"},
-      {"text file", {'h', 'e', 'l', 'l', 'o', ' ', 'w', 'o', 'r', 'l', 'd', '!', '!'}, "not a RIFF"},
-      {"header only", testing::riff({}), "no format chunk"},
-      {"format but no data", testing::riff({testing::formatChunk(good)}), "no data chunk"},
-      {"data before format", testing::riff({testing::dataChunk(good), testing::formatChunk(good)}), "data before"},
-      {"format chunk cut", {goodBytes.begin(), goodBytes.begin() + 12 + 8 + 10}, "format chunk cut short"},
+      {"empty file", {}, "not a sound file"},
+      {"text file", {'h', 'e', 'l', 'l', 'o', ' ', 'w', 'o', 'r', 'l', 'd', '!', '!'}, "not a sound file"},
+      {"header only", testing::riff({}), "not a sound file"},
+      {"format but no data", testing::riff({testing::formatChunk(good)}), "not a sound file"},
+      {"data before format", testing::riff({testing::dataChunk(good), testing::formatChunk(good)}), "not a sound file"},
+      {"format chunk cut", {goodBytes.begin(), goodBytes.begin() + 12 + 8 + 10}, "not a sound file"},
       {"data cut mid-way", {goodBytes.begin(), goodBytes.begin() + 12 + 24 + 8 + 50}, "data chunk cut short"},
-      {"8-bit", testing::waveBytes(format(1, 44100, 100, 8)), "8-bit"},
-      {"float", testing::waveBytes(format(1, 44100, 100, 16, 3)), "not PCM"},
+      {"8-bit", testing::waveBytes(format(1, 44100, 100, 8)), "not 16-bit PCM"},
+      {"float", testing::waveBytes(format(1, 44100, 100, 32, 3)), "not 16-bit PCM"},
       {"three channels", testing::waveBytes(format(3, 44100, 100)), "3 channels"},
-      {"no channels", testing::waveBytes(format(0, 44100, 100)), "0 channels"},
-      {"rate zero", testing::waveBytes(format(1, 0, 100)), "sample rate"},
+      {"no channels", testing::waveBytes(format(0, 44100, 100)), "not a sound file"},
+      {"rate zero", testing::waveBytes(format(1, 0, 100)), "not a sound file"},
   };
   for (const auto& row : rows) {
-    result = decodeWave(row.bytes, clip);
+    testing::writeBytes(dir.file("bad.wav"), row.bytes);
+    result = readWaveFile(dir.file("bad.wav"), clip);
     EXPECT_EQ(result.status, WaveReadStatus::Invalid) << row.what;
     EXPECT_NE(result.error.find(row.reason), std::string::npos) << row.what << ": " << result.error;
+    EXPECT_EQ(result.error.find(dir.file("bad.wav")), 0u) << row.what << ": " << result.error;
     EXPECT_EQ(clip.frameCount(), 0) << row.what;
   }
 }
