@@ -78,6 +78,10 @@ void BM_TenMinutePhraseWithDroneAndTheka(benchmark::State& state) {
 }
 BENCHMARK(BM_TenMinutePhraseWithDroneAndTheka)->Unit(benchmark::kMillisecond);
 
+// The sound file paths, both through libsndfile: writing a 10-minute mix
+// block by block as the renderer does, and reading a music file whole as the
+// audio device does.
+
 // The renderer's blocks: 4096 samples (8 KB) at a time, 600 s of a sine.
 constexpr size_t kMixBlock = 4096;
 constexpr size_t kTenMinutes = 600 * size_t(tonvex::kSampleRate);
