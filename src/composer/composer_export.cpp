@@ -1,0 +1,37 @@
+// The Composer screen's Export menu: the item Play would play, loaded as
+// Play loads it, captured into a score and handed to the export's dialogs,
+// as the composition player does. No state of its own.
+#include "composer/composer.h"
+#include "composer/composer_play.h"
+#include "composer/composer_slots.h"
+#include "core/errors.h"
+#include "core/session.h"
+#include "export/export_menu.h"
+#include "export/score_capture.h"
+#include "export/sound_render.h"
+#include "platform/screen.h"
+#include "sound/music_buffers.h"
+#include "store/working_record_comp.h"
+
+namespace {
+
+// The title the file name proposes: the composition's name, or the
+// category of the phrases.
+std::string titleOfItem() { return fCategoryHasSyllables() ? gTCompInfo.Name : fCategoryName(); }
+
+}  // namespace
+
+void sExportComposerItem(ExportFormat format) {
+  NV_PROC("sExportComposerItem");
+  if (!gCurrForm->control("cPlay").visible()) {
+    platform::windowSystem().messageBox("Write something first: choose a raga and a category, then write notes.",
+                                        platform::kMsgInformation, "Export");
+    return;
+  }
+  if (!fLoadItemToPlay()) return;
+  if (gCurrPhraseKind != 8 && gPhraseSet.Count == 0) return;
+  Score score = fCaptureRagaScore();
+  score.items.push_back(fCaptureItemAtHand(titleOfItem()));
+  if (format == ExportFormat::Sound && (score.items.back().waves = fRenderItemWaves()).empty()) return;
+  sExportScore(score, format);
+}
