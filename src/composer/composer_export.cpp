@@ -15,6 +15,8 @@
 
 namespace {
 
+constexpr std::int16_t kCompositionKind = 8;
+
 // The title the file name proposes: the composition's name, or the
 // category of the phrases.
 std::string titleOfItem() { return fCategoryHasSyllables() ? gTCompInfo.Name : fCategoryName(); }
@@ -23,13 +25,13 @@ std::string titleOfItem() { return fCategoryHasSyllables() ? gTCompInfo.Name : f
 
 void sExportComposerItem(ExportFormat format) {
   NV_PROC("sExportComposerItem");
-  if (!gCurrForm->control("cPlay").visible()) {
+  const bool workArea = gCurrForm->control("cPlay").visible();
+  if (workArea && !fLoadItemToPlay()) return;  // its message is told
+  if (!workArea || (gCurrPhraseKind != kCompositionKind && gPhraseSet.Count == 0)) {
     platform::windowSystem().messageBox("Write something first: choose a raga and a category, then write notes.",
                                         platform::kMsgInformation, "Export");
     return;
   }
-  if (!fLoadItemToPlay()) return;
-  if (gCurrPhraseKind != 8 && gPhraseSet.Count == 0) return;
   Score score = fCaptureRagaScore();
   score.items.push_back(fCaptureItemAtHand(titleOfItem()));
   if (format == ExportFormat::Sound && (score.items.back().waves = fRenderItemWaves()).empty()) return;
