@@ -1,9 +1,12 @@
 // The Composer screen's Export menu: the item Play would play, loaded as
 // Play loads it, captured into a score and handed to the export's dialogs,
 // as the composition player does. No state of its own.
+#include <algorithm>
+
 #include "composer/composer.h"
 #include "composer/composer_play.h"
 #include "composer/composer_slots.h"
+#include "composer/row_images.h"
 #include "core/errors.h"
 #include "core/session.h"
 #include "export/export_menu.h"
@@ -29,6 +32,16 @@ void sExportComposerItem(ExportFormat format) {
   if (workArea && !fLoadItemToPlay()) return;  // its message is told
   if (!workArea || (gCurrPhraseKind != kCompositionKind && gPhraseSet.Count == 0)) {
     platform::windowSystem().messageBox("Write something first: choose a raga and a category, then write notes.",
+                                        platform::kMsgInformation, "Export");
+    return;
+  }
+  // The composition preparation builds both parts, so its sound waits for
+  // both (the Asthai and the Antara; the third record stays empty) to be
+  // written; MIDI and PDF take a part alone.
+  const auto unwritten = [](const CompPartRecord& part) { return fRowWords(part.Notation).empty(); };
+  if (format == ExportFormat::Sound && gCurrPhraseKind == kCompositionKind &&
+      std::any_of(gCompInfo.begin(), gCompInfo.begin() + 2, unwritten)) {
+    platform::windowSystem().messageBox("Write both the Asthai and the Antara before saving the composition as sound.",
                                         platform::kMsgInformation, "Export");
     return;
   }
