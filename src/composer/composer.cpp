@@ -537,11 +537,6 @@ void sRenameComposition() {
   sShowMessage("Composition renamed");
 }
 
-const char* fCategoryName() {
-  static const char* const kNames[] = {"Alap", "Layakari", "Taan"};
-  return kNames[gCurrAltType - 1];
-}
-
 void sDeleteOwnMusic() {
   if (fIsComposition()) {
     if (fAskYesNo("Delete your composition '" + gTCompInfo.Name + "' of Raga " + gCurrRagaName +
@@ -565,6 +560,11 @@ void sDeleteOwnMusic() {
 
 }  // namespace
 
+const char* fCategoryName() {
+  static const char* const kNames[] = {"Alap", "Layakari", "Taan"};
+  return kNames[gCurrAltType - 1];
+}
+
 void sInitComposer() {
   NV_PROC("sInitComposer");
   gCurrDbSelector = 2;
@@ -582,6 +582,7 @@ void sInitComposer() {
   sMnuNotePalletCheck();
   sMnuTraceCheck();
   ctl("cMnuNotScr").setEnabled(false);
+  ctl("cMnuXpt").setEnabled(true);  // a play left running when the screen was left never ended here
   sRememberBeatDurationPlace();
 }
 
@@ -639,6 +640,7 @@ void sComposer(std::int16_t event) {
     case 18: sCompPartChosen(2); break;
     case 19:
       if (gCurrItemType == 1 || gCurrItemType == 2) gCurrItemType = gBaseItemType;
+      ctl("cMnuXpt").setEnabled(true);
       break;
     case 20:
       if (fCheckForComp(3) != 0) {

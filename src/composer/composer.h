@@ -14,6 +14,8 @@
 
 #include <cstdint>
 
+#include "export/export_job.h"
+
 namespace platform {
 class Screen;
 }
@@ -42,4 +44,11 @@ void sInitComposer();
 void sTerminateComposer();
 // Empties the header of the composition in hand and its data fields.
 void sInitCompInfo();
+// The phrase category in hand (gCurrAltType 1 to 3): "Alap", "Layakari" or
+// "Taan".
+const char* fCategoryName();
+// The Export menu: the item Play would play (the category's phrases or
+// the composition being written) saved through the export's dialogs under
+// "<raga> - <item>". Offered only while nothing sounds.
+void sExportComposerItem(ExportFormat format);
 void sBindComposerEvents(platform::Screen& screen);

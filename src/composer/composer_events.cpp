@@ -78,6 +78,9 @@ void bindMenus(platform::Screen& s) {
   onClick(s, "cMnuAllNot", [] { gNotePallet = 2; sMnuNotePalletCheck(); raise(23); });
   onClick(s, "cMnuSlo", [] { if (gDelayC > 0) --gDelayC; });
   onClick(s, "cMnuSpe", [] { if (gDelayC < INT16_MAX) ++gDelayC; });
+  onClick(s, "cMnuXptSnd", [] { sExportComposerItem(ExportFormat::Sound); });
+  onClick(s, "cMnuXptMid", [] { sExportComposerItem(ExportFormat::Midi); });
+  onClick(s, "cMnuXptPdf", [] { sExportComposerItem(ExportFormat::Pdf); });
   sBindTraceMenuEvents(s);
 }
 

@@ -30,6 +30,7 @@ namespace {
 
 constexpr std::int16_t kCompositionItem = 6;
 constexpr std::int16_t kCompositionKind = 8;
+constexpr std::int16_t kFirstOwnPhraseKind = 4;  // Alap; Layakari and Taan follow
 // A first-note cell the play chain cannot find: the composer marks its
 // notes itself, on the slots the row images give them.
 constexpr std::int16_t kNoCell = 9999;
@@ -63,7 +64,10 @@ bool fStartChain() {
   for (MusicBuffer& buffer : gMusicBuffers) buffer.FirstNotationCell = kNoCell;
   gMarkedPhrase = gMarkedNote = 0;
   gCallbackContext = kContextComposer;
-  if (fPlayMusicPhrases(form())) return true;
+  if (fPlayMusicPhrases(form())) {
+    ctl("cMnuXpt").setEnabled(false);  // a sound export would rebuild the files sounding
+    return true;
+  }
   if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error Playing Music Phrases");
   return false;
 }
@@ -71,7 +75,6 @@ bool fStartChain() {
 // The phrases of the item (the raga's own aroha or pakad, or the user's
 // phrases of the category) ready to play from the first, as Demo plays them.
 void sSetUpPhrasesToPlay() {
-  sLoadMNFromT(kUnsegmentedText);
   gPhraseSet.Position = 1;
   gPhraseSet.FirstPhrase = 1;
   gPhraseSet.LastPhrase = gCurrItemType == 1 || gCurrItemType == 2 ? 1 : gPhraseSet.Count;
@@ -103,10 +106,6 @@ bool fBuildCompositionFiles(std::int16_t part) {
 }
 
 void sPlayComposition() {
-  gCurrPhraseKind = kCompositionKind;
-  gCurrItemType = kCompositionItem;
-  gThekaMode = 1;
-  gCurrCompName = gTCompInfo.Name;
   const std::int16_t part = ctl("cOAsthai").value() != 0 ? 1 : 2;
   if (!fBuildCompositionFiles(part)) {
     if (!fToldWaveFolderFault(gCurrBuildFile)) sShowMessage("Error creating music files");
@@ -129,18 +128,37 @@ bool fRowImagesIntoRecord() {
   return fUpdateALTTFromRowImages() != 0;
 }
 
-void sComposerPlay() {
-  NV_PROC("sComposerPlay");
+bool fLoadItemToPlay() {
   const bool ragaPhrase = gCurrItemType == 1 || gCurrItemType == 2;
   if (!ragaPhrase) {
     if (gRowImageCount == 0 && fIsComposition()) ctl("cOAsthai").setValue(-1);
-    if (!fRowImagesIntoRecord()) return;
+    if (!fRowImagesIntoRecord()) return false;
+  }
+  gCurrDbSelector = 2;
+  if (ragaPhrase || !fIsComposition()) {
+    // The user's own alap, layakari or taan (kinds 4 to 6), as the
+    // exploration screen plays them; a leftover composition kind would
+    // make the phrases read as a composition.
+    if (!ragaPhrase) gCurrPhraseKind = static_cast<std::int16_t>(gCurrAltType + kFirstOwnPhraseKind - 1);
+    sLoadMNFromT(kUnsegmentedText);
+    return true;
+  }
+  gCurrPhraseKind = kCompositionKind;
+  gCurrItemType = kCompositionItem;
+  gThekaMode = 1;
+  gCurrCompName = gTCompInfo.Name;
+  return true;
+}
+
+void sComposerPlay() {
+  NV_PROC("sComposerPlay");
+  if (!fLoadItemToPlay()) return;
+  if (gCurrItemType != 1 && gCurrItemType != 2) {
     gFirstDisplayRow = 1;
     sDisplayRowImages();
     sFindPlaySlots();
   }
-  gCurrDbSelector = 2;
-  if (ragaPhrase || !fIsComposition()) {
+  if (gCurrItemType != kCompositionItem) {
     sSetUpPhrasesToPlay();
     if (gPlaySet.Count > 0) fStartChain();
     return;

@@ -20,6 +20,12 @@ extern std::int16_t gPlayBaseSlot;
 // composition, or the category's phrases); false after a message.
 bool fRowImagesIntoRecord();
 
+// The item Play would play loaded as Play loads it: the raga's own phrase
+// (gCurrItemType 1 or 2) or the category's phrases into gPhraseSet, or a
+// composition (gCurrPhraseKind 8) from the slots into gCompInfo; false
+// after a message.
+bool fLoadItemToPlay();
+
 // Event 9: plays the raga's own phrase (gCurrItemType 1 or 2), or what is
 // written in the slots, from its first note.
 void sComposerPlay();

@@ -13,6 +13,9 @@
 #include <QRadioButton>
 #include <QWidget>
 #include <cmath>
+#include <filesystem>
+#include <fstream>
+#include <tuple>
 #include <string>
 #include <vector>
 
@@ -390,6 +393,36 @@ TEST_F(ComposerTest, EveryLabelReadsOnEveryPictureAtAContrastOfAtLeast4_5) {
     }
   }
   EXPECT_GT(checked, 8 * 40) << "the palettes, slots and headings were among them";
+}
+
+// The Export menu saves the phrases Play would play, proposing "<raga> -
+// <category>", and is offered only while nothing sounds.
+TEST_F(ComposerTest, ExportSavesTheAlapUnderItsRagaAndCategory) {
+  choose("Yaman");
+  click("cOAlap");
+  for (int s = 0; s < 3; ++s) write(s, kS + 2 * s, kFiftyHundredths);
+  auto& windows = program.windows();
+  const std::filesystem::path folder = program.folder() / "exports";
+  std::filesystem::create_directories(folder);
+  windows.setFileChooser([&](const std::string& title) { return (folder / (title == "Save as Sound" ? "take.wav" : "take")).string(); });
+  windows.setChoiceResponder([](const std::string&, const std::vector<std::string>&) { return 0; });
+  for (const auto& [menu, proposed, saved, magic] :
+       {std::tuple{"cMnuXptMid", "Yaman - Alap.mid", "take.mid", "MThd"},
+        {"cMnuXptPdf", "Yaman - Alap.pdf", "take.pdf", "%PDF"},
+        {"cMnuXptSnd", "Yaman - Alap.flac", "take.wav", "RIFF"}}) {
+    click(menu);
+    EXPECT_EQ(windows.lastProposedSaveName(), proposed);
+    std::ifstream file(folder / saved, std::ios::binary);
+    std::string head(4, ' ');
+    file.read(head.data(), 4);
+    EXPECT_EQ(head, magic) << saved;
+  }
+  EXPECT_EQ(std::distance(std::filesystem::directory_iterator(folder), {}), 3) << "nothing temporary is left";
+  click("cPlay");
+  EXPECT_FALSE(ctl("cMnuXpt").enabled()) << "a sound export would rebuild the files sounding";
+  for (int step = 0; step < 4000 && playing(); ++step) program.clock().advance(10);
+  EXPECT_TRUE(ctl("cMnuXpt").enabled());
+  EXPECT_EQ(messageTexts(), Names{});
 }
 
 }  // namespace
