@@ -340,7 +340,7 @@ std::string fLabelNote() {
 }
 
 // The notes quiz: the clicked key answers the question. Our own addition:
-// the design lets the user only hear the note and show it.
+// without it the quiz would only let the user hear the note and show it.
 void sJudgeQuizAnswer(const std::string& note) {
   if (gWBMode != 4 || gQuizNote.empty()) return;
   const bool right = note == gQuizNote;

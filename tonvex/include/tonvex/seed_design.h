@@ -1,6 +1,6 @@
-// The design of the seed data and tuning tables that tonvex-seeds writes into
-// the library store, shared with the tests and benchmarks that need the same
-// seeds without a store. Stateless.
+// How the seed data and tuning tables that tonvex-seeds writes into the
+// library store are made, shared with the tests and benchmarks that need the
+// same seeds without a store. Stateless.
 //
 // Pitch: absolute note 11 is C3 (130.81 Hz, equal temperament from A4 =
 // 440 Hz). Tonic 3 (C#), at which note ids and absolute numbers agree, then
