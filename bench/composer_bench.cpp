@@ -30,6 +30,7 @@
 #include "play_timing_device.h"
 #include "program_harness.h"
 #include "store/working_record_comp.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -214,12 +215,5 @@ BENCHMARK(BM_ComposerPlayAlapToDevicePlaying)->Unit(benchmark::kMillisecond)->Us
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  gStage.reset();  // the program's windows go before the application
-  return 0;
+  return runWholeProgramBenchmarks(argc, argv, [] { gStage.reset(); });
 }

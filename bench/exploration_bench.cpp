@@ -41,6 +41,7 @@
 #include "sound/phrase_loading.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -199,12 +200,5 @@ BENCHMARK(BM_TonicSwitch)->Unit(benchmark::kMillisecond)->UseRealTime();
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  gStage.reset();  // the program's windows go before the application
-  return 0;
+  return runWholeProgramBenchmarks(argc, argv, [] { gStage.reset(); });
 }

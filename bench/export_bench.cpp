@@ -19,6 +19,7 @@
 #include "program_harness.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -90,12 +91,5 @@ BENCHMARK(BM_WholeRagaAsFlac)->Unit(benchmark::kMillisecond)->UseRealTime();
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  gStage.reset();  // the program's windows go before the application
-  return 0;
+  return runWholeProgramBenchmarks(argc, argv, [] { gStage.reset(); });
 }

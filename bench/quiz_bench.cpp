@@ -25,6 +25,7 @@
 #include "platform/silent_audio.h"
 #include "play_timing_device.h"
 #include "program_harness.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -104,12 +105,5 @@ BENCHMARK(BM_QuizNewSampleToSound)->Unit(benchmark::kMillisecond)->UseManualTime
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  gStage.reset();  // the program's windows go before the application
-  return 0;
+  return runWholeProgramBenchmarks(argc, argv, [] { gStage.reset(); });
 }

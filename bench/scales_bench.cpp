@@ -30,6 +30,7 @@
 #include "scales/scale_state.h"
 #include "store/lookups.h"
 #include "store/working_record.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -132,12 +133,4 @@ BENCHMARK(BM_ApplySavedScale)->Unit(benchmark::kMillisecond)->UseRealTime();
 
 }  // namespace
 
-int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  return 0;
-}
+int main(int argc, char** argv) { return runWholeProgramBenchmarks(argc, argv); }

@@ -29,6 +29,7 @@
 #include "program_harness.h"
 #include "workbench/pattern_language.h"
 #include "workbench/scale_notes.h"
+#include "whole_program_main.h"
 
 using platform::EventKind;
 
@@ -109,12 +110,5 @@ BENCHMARK(BM_LongestPatternToSoundPractice)->Unit(benchmark::kMillisecond)->UseM
 }  // namespace
 
 int main(int argc, char** argv) {
-  if (!std::getenv("QT_QPA_PLATFORM")) setenv("QT_QPA_PLATFORM", "offscreen", 1);
-  QApplication app(argc, argv);
-  benchmark::Initialize(&argc, argv);
-  if (benchmark::ReportUnrecognizedArguments(argc, argv)) return 1;
-  benchmark::RunSpecifiedBenchmarks();
-  benchmark::Shutdown();
-  gBench.reset();  // the program's windows go before the application
-  return 0;
+  return runWholeProgramBenchmarks(argc, argv, [] { gBench.reset(); });
 }
