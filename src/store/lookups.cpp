@@ -119,12 +119,6 @@ std::string fGetMusicSetName(std::int16_t setId) {
   return rs->field("NPSetName").asText();
 }
 
-std::int32_t fGetNextUserCompositionIndex() {
-  NV_PROC("fGetNextUserCompositionIndex");
-  auto rs = openTable(openStore(gDbB), "Raga - Additional Information");
-  return static_cast<std::int32_t>(rs->recordCount()) + 1;
-}
-
 std::int16_t fHasAlap(std::int16_t ragaId, std::int16_t store) {
   NV_PROC("fHasAlap");
   return hasPhrases(ragaId, store, kAlap);

@@ -26,10 +26,6 @@ std::string fGetTalaName(std::int16_t talaId);
 // Scale Shift Specs of the user store; a miss is a fault.
 std::string fGetMusicSetName(std::int16_t setId);
 
-// Rows of the user store's Raga - Additional Information plus 1. It counts
-// rows, so after a deletion the answer can repeat an index in use.
-std::int32_t fGetNextUserCompositionIndex();
-
 // Whether the raga has alap, layakari or taan phrases in `store`.
 std::int16_t fHasAlap(std::int16_t ragaId, std::int16_t store);
 std::int16_t fHasLayakari(std::int16_t ragaId, std::int16_t store);
