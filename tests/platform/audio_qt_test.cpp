@@ -84,6 +84,14 @@ class QtDevice : public ::testing::Test {
     };
   }
 
+  // The device goes first, then the sound server's answers to its closing
+  // stream are let in while Qt's sound engine still stands: a process that
+  // ends at once can meet libpulse answering a context already torn down.
+  void TearDown() override {
+    device.reset();
+    runUntil([] { return false; }, 200);
+  }
+
   bool openAndPlay(long lengthMs) {
     testing::writeToneFile(device->fileName = dir.file("A.wav"), lengthMs);
     if (!device->command("Open")) return false;
